@@ -1,0 +1,220 @@
+// The sounding subcommands of marlview-cli.
+#include "app/cli_commands.h"
+
+#include <charconv>
+#include <map>
+#include <optional>
+
+#include <nlohmann/json.hpp>
+
+#include "app/cli_prompts.h"
+#include "core/common/number_read.h"
+#include "core/common/runtime_failure.h"
+#include "core/common/text_rules.h"
+#include "core/shell/session.h"
+#include "core/shell/shell_controller.h"
+#include "core/shell/startup.h"
+
+namespace marlview {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr const char* kUsage =
+    "usage: marlview-cli [--data-dir DIR] [--feet] [--water-table D] [--start-depth-unit m|ft]\n"
+    "                    [--spikes remove|keep] [--munsell import|skip] [--tip-area MM2] [--yes]\n"
+    "                    info FILE\n"
+    "                    channels FILE [--kind K | --mirror M | --unaligned | --raw]\n";
+
+struct Options {
+  std::string data_dir;
+  bool feet = false;
+  std::optional<double> water_table;
+  CliAnswers answers;
+  std::vector<std::string> positional;
+  std::optional<int> kind;
+  std::optional<int> mirror;
+  bool unaligned = false;
+  bool raw = false;
+};
+
+class UsageError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+int ToInt(const std::string& text, int low, int high, const std::string& option) {
+  int value = 0;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (result.ec != std::errc() || result.ptr != text.data() + text.size() || value < low || value > high) {
+    throw UsageError(option + " takes a whole number from " + std::to_string(low) + " to " + std::to_string(high));
+  }
+  return value;
+}
+
+Options Parse(const std::vector<std::string>& args) {
+  Options o;
+  for (size_t i = 0; i < args.size(); ++i) {
+    const std::string& a = args[i];
+    auto value = [&]() -> const std::string& {
+      if (i + 1 >= args.size()) throw UsageError(a + " needs a value");
+      return args[++i];
+    };
+    if (a == "--data-dir") o.data_dir = value();
+    else if (a == "--feet") o.feet = true;
+    else if (a == "--water-table") {
+      try {
+        o.water_table = ParseNumber(value());
+      } catch (const RuntimeFailure&) {
+        throw UsageError("--water-table takes a depth in metres");
+      }
+    } else if (a == "--start-depth-unit") {
+      const std::string& unit = value();
+      if (unit != "m" && unit != "ft") throw UsageError("--start-depth-unit is m or ft");
+      o.answers.start_depth_in_metres = unit == "m";
+    } else if (a == "--spikes") {
+      const std::string& answer = value();
+      if (answer != "remove" && answer != "keep") throw UsageError("--spikes is remove or keep");
+      o.answers.remove_spikes = answer == "remove";
+    } else if (a == "--munsell") {
+      const std::string& answer = value();
+      if (answer != "import" && answer != "skip") throw UsageError("--munsell is import or skip");
+      o.answers.import_munsell = answer == "import";
+    } else if (a == "--tip-area") o.answers.tip_area = value();
+    else if (a == "--yes") o.answers.yes = true;
+    else if (a == "--kind") o.kind = ToInt(value(), 0, kOutputKinds - 1, a);
+    else if (a == "--mirror") o.mirror = ToInt(value(), 0, kFixedPressureTables - 1, a);
+    else if (a == "--unaligned") o.unaligned = true;
+    else if (a == "--raw") o.raw = true;
+    else if (a.starts_with("--")) throw UsageError("unknown option " + a);
+    else o.positional.push_back(a);
+  }
+  return o;
+}
+
+// A 32-bit value as the shortest decimal that reads back to it.
+Json FloatJson(float value) { return Json(std::stod(ShortestText(value))); }
+
+std::string CsvField(const std::string& text) {
+  if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
+  std::string quoted = "\"";
+  for (char c : text) {
+    if (c == '"') quoted += '"';
+    quoted += c;
+  }
+  return quoted + "\"";
+}
+
+Json InfoJson(const SoundingStore& s) {
+  Json info;
+  info["file"] = ToUtf8(s.SoundingFileName);
+  info["family"] = s.AcquisitionFamily;
+  info["readingCount"] = s.ReadingCount;
+  info["channelCount"] = s.ChannelCount;
+  info["totalChannels"] = s.TotalChannels;
+  info["startDepth"] = FloatJson(s.StartDepth);
+  info["waterTableDepth"] = FloatJson(s.WaterTableDepth);
+  info["maxDepth"] = FloatJson(s.MaxDepth);
+  info["depthInterval"] = FloatJson(s.DepthInterval);
+  info["ballTip"] = s.BallTip;
+  info["ballDiameter"] = FloatJson(s.BallDiameter);
+  info["drilloutDepth"] = s.DrilloutFlag == 1 ? FloatJson(s.DrilloutDepth) : Json(nullptr);
+  info["endBaselinePresent"] = s.EndBaselinePresent;
+  Json header = Json::object();
+  for (const HeaderField& field : HeaderFields(s, s, s.AcquisitionFamily)) header[field.name] = ToUtf8(*field.value);
+  info["header"] = header;
+  Json channels = Json::array();
+  for (int c = 1; c <= s.TotalChannels; ++c) {
+    Json units = Json::array();
+    for (int k = 0; k < kOutputKinds; ++k) units.push_back(ToUtf8(s.ChannelUnitLabel[c][k]));
+    channels.push_back({{"number", c},
+                        {"name", ToUtf8(s.ChannelName[c])},
+                        {"shortName", ToUtf8(s.ChannelShortName[c])},
+                        {"catalogueId", s.ChannelCatalogueId[c]},
+                        {"group", s.ChannelUnitGroup[c]},
+                        {"units", units},
+                        {"offset", FloatJson(s.ChannelOffset[c])},
+                        {"curveStyle", s.ChannelCurveStyle[c]}});
+  }
+  info["channels"] = channels;
+  Json roles = Json::object();
+  for (const RoleField& role : RoleFields()) {
+    const int16_t channel = s.*(role.member);
+    if (channel != 0) roles[role.name] = channel;
+  }
+  info["roles"] = roles;
+  return info;
+}
+
+void WriteChannelsCsv(const SoundingStore& s, const Options& o, std::ostream& out) {
+  out << (o.feet ? "Depth (ft)" : "Depth (m)");
+  for (int c = 1; c <= s.TotalChannels; ++c) out << ',' << CsvField(ToUtf8(s.ChannelName[c]));
+  out << '\n';
+  const int kind = o.kind.value_or(kGraphOutput);
+  const bool px_das = s.AcquisitionFamily == kPxDasFamily;
+  for (int r = 1; r <= s.ReadingCount; ++r) {
+    out << ShortestText(s.DepthTable(r, o.feet ? 2 : 1));
+    for (int c = 1; c <= s.TotalChannels; ++c) {
+      float value;
+      if (o.raw) {
+        value = px_das ? (c <= kMaxCptRawChannels ? s.CptRawReadings(r, c) : 0.0f)
+                       : s.RawReadings(r, c);
+      } else if (o.mirror) {
+        value = s.AlignedFixedPressure[*o.mirror](r, c);
+      } else if (o.unaligned) {
+        value = s.ChannelReadings(r, KindColumn(c, kind));
+      } else {
+        value = s.AlignedReadings(r, KindColumn(c, kind));
+      }
+      out << ',' << ShortestText(value);
+    }
+    out << '\n';
+  }
+}
+
+}  // namespace
+
+int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
+           const std::string& program_directory) {
+  Options options;
+  try {
+    options = Parse(args);
+    if (options.positional.empty()) throw UsageError("a subcommand is needed");
+    const std::string& command = options.positional[0];
+    if (command != "info" && command != "channels") {
+      static const char* kLater[] = {"export", "plot", "edit", "dissipation", "seismic"};
+      for (const char* later : kLater) {
+        if (command == later) throw UsageError("'" + command + "' is not available in this version of marlview-cli yet");
+      }
+      throw UsageError("unknown subcommand '" + command + "'");
+    }
+    if (options.positional.size() != 2) throw UsageError(command + " takes one FILE");
+    const int modes = (options.kind ? 1 : 0) + (options.mirror ? 1 : 0) + (options.unaligned ? 1 : 0) + (options.raw ? 1 : 0);
+    if (command == "info" && modes > 0) throw UsageError("info takes no table options");
+    if (modes > 1 && !(options.unaligned && options.kind && modes == 2)) {
+      throw UsageError("choose one of --kind, --mirror, --unaligned, --raw");
+    }
+  } catch (const UsageError& error) {
+    err << "marlview-cli: " << error.what() << '\n' << kUsage;
+    return 2;
+  }
+
+  options.answers.file = options.positional[1];
+  CliPrompts prompts(options.answers, err);
+  Session session({ResolveDataDirectory(options.data_dir), ResolveDefaultsDirectory(program_directory)});
+  RunStartup(session, prompts);
+  if (options.feet) session.DepthUnitIsMetric = 0;
+  ShellController controller(session, prompts);
+  controller.ChooseMode(ProcessingMode::kSounding);
+  if (!session.SoundingOpen) return 1;
+  SoundingStore& s = session.Sounding();
+  if (options.water_table) s.WaterTableDepth = static_cast<float>(*options.water_table);
+  if (options.positional[0] == "info") {
+    out << InfoJson(s).dump(2) << '\n';
+  } else {
+    WriteChannelsCsv(s, options, out);
+  }
+  return prompts.ErrorShown() ? 1 : 0;
+}
+
+}  // namespace marlview

@@ -1,0 +1,28 @@
+// The number readers: lenient for header and settings values, strict for table and data fields.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace marlview {
+
+// The leading number of a text, 0 when there is none ("2.40 => Water Table" gives 2.4, "abc" 0).
+// Blanks in front are skipped.
+double LenientNumber(std::string_view text);
+
+// A field that must be a number: blanks around it are allowed, nothing else. Anything else fails
+// with "Type mismatch"; a value beyond the range of a 32-bit float fails with "Overflow".
+double StrictNumber(std::string_view field);
+
+// Reads a number written with either "." or "," as the decimal separator (files written under
+// another locale); strict otherwise.
+double ParseNumber(std::string_view text);
+// The same, lenient: a text that is not a number gives 0.
+double ParseLocalNumber(std::string_view text);
+
+// The shortest text that reads back to the same 32-bit float ("1.5", "0.1", "-32768").
+std::string ShortestText(float value);
+// The shortest text that reads back to the same double.
+std::string ShortestText(double value);
+
+}  // namespace marlview

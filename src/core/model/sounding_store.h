@@ -1,0 +1,182 @@
+// The current sounding: fixed tables of readings and channels that every reader fills and every
+// plot, list, export and editor reads. Rows and channels are 1-based; row 0 and channel 0 stay empty.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/model/fixed_table.h"
+
+namespace marlview {
+
+inline constexpr int kMaxReadings = 10000;
+inline constexpr int kMaxChannels = 100;
+inline constexpr int kMaxCptRawChannels = 20;
+inline constexpr int kDeclaredTableRows = 30000;
+inline constexpr int kWideTableColumns = 540;
+inline constexpr int kChannelReadingColumns = 500;
+inline constexpr int kOutputKinds = 5;
+inline constexpr int kFixedPressureTables = 4;
+inline constexpr int kCalRows = 5;
+
+// Every channel is held once per output, each in the unit the user chose for that output.
+enum OutputKind : int { kGraphOutput = 0, kTxtOutput = 1, kEcpOutput = 2, kCsvOutput = 3, kCorOutput = 4 };
+
+// Column of channel c in kind k of ChannelReadings and AlignedReadings.
+constexpr int KindColumn(int channel, int kind) { return channel + 100 * kind; }
+
+// Acquisition families of a sounding.
+enum AcquisitionFamilyCode : int16_t {
+  kNoSounding = -1,
+  kPxDasFamily = 0,
+  kKorvanDatFamily = 1,
+  kPlainDatFamily = 2,
+};
+
+using PerKind = std::array<std::string, kOutputKinds>;
+template <typename T>
+using PerChannel = std::array<T, kMaxChannels + 1>;
+
+// Per-channel tables, indexed 1..100.
+struct ChannelTables {
+  PerChannel<std::string> ChannelName;
+  PerChannel<std::string> ChannelSensor;
+  PerChannel<std::string> ChannelShortName;
+  PerChannel<std::string> ChannelLegend;
+  // The short legend alone ("Qc"); ChannelLegend adds the unit text and a colon to it.
+  PerChannel<std::string> ChannelShortLegend;
+  PerChannel<PerKind> ChannelLabel;
+  PerChannel<PerKind> ChannelUnitLabel;
+  PerChannel<PerKind> ChannelFormat;
+  PerChannel<std::array<int16_t, kOutputKinds>> ChannelDisplayUnit{};
+  PerChannel<std::array<float, kOutputKinds>> ChannelUnitFactor{};
+  PerChannel<int16_t> ChannelCatalogueId{};
+  PerChannel<int16_t> ChannelUnitGroup{};
+  PerChannel<int16_t> ChannelDefaultUnit{};
+  PerChannel<bool> ChannelEnabled{};
+  PerChannel<int16_t> ChannelCurveStyle{};
+  PerChannel<float> ChannelPascalFactor{};
+  PerChannel<float> ChannelBaseline{};
+  PerChannel<std::array<float, kCalRows>> ChannelCalRows{};
+  PerChannel<std::array<float, kCalRows>> ChannelUnitFactorRows{};
+  PerChannel<float> ChannelOffset{};
+  PerChannel<float> ChannelEndBaseline{};
+  PerChannel<std::array<float, kOutputKinds>> EndBaselineValues{};
+  PerChannel<float> ChannelZero{};
+  PerChannel<float> ChannelSensitivity{};
+  PerChannel<float> ChannelRange{};
+  // First and last depth of a channel added from a text file.
+  PerChannel<float> ChannelDataStart{};
+  PerChannel<float> ChannelDataEnd{};
+};
+
+// Which channel plays each role; 0 when the sounding has none.
+struct ChannelRoles {
+  int16_t TipChannel = 0, TipQtChannel = 0, SleeveChannel = 0, PorePressureChannel = 0;
+  int16_t ExcitationChannel = 0, TemperatureChannel = 0, InclXChannel = 0, InclYChannel = 0;
+  int16_t InclTotalChannel = 0, HffdChannel = 0, LffdChannel = 0, RodDepthChannel = 0;
+  int16_t ResistivityChannel = 0, ConductivityChannel = 0, FrictionRatioQcChannel = 0;
+  int16_t FrictionRatioQtChannel = 0, OverburdenChannel = 0, EffOverburdenChannel = 0;
+  int16_t FrictionAngleChannel = 0, ShearStrengthChannel = 0, OcrChannel = 0, Sbt83Channel = 0;
+  int16_t Sbt86FrChannel = 0, Sbt86PpChannel = 0, Sbt90QtChannel = 0, Sbt90BqChannel = 0;
+  int16_t SptChannel = 0, HeadPressureChannel = 0, WetDensityChannel = 0, TimeChannel = 0;
+  int16_t RedChannel = 0, GreenChannel = 0, BlueChannel = 0, ClearChannel = 0, MunsellChannel = 0;
+};
+
+struct RoleField {
+  const char* name;
+  int16_t ChannelRoles::*member;
+};
+// Every role with its name, in the order of the data model.
+const std::vector<RoleField>& RoleFields();
+
+// Header text of a QRD FIELDBOX (KORVAN) file.
+struct KorvanHeader {
+  std::string FileVersionLine, FileProductLine, TestId, Operator, Crew, Project, Site, Location;
+  std::string Comments, TestDate, StartTime, GpsLine, GpsLat, GpsLon, GpsElev, GpsNSat, GpsQual;
+  std::string Client, ClientRepresentative, Weather, DasVersion, DasSystem, ProbeSerial;
+  std::string ExtraHeaderLine1, ExtraHeaderLine2;
+  bool ExtraHeaderPresent = false;
+};
+
+// Header text of a PX DAS file.
+struct CptHeader {
+  std::string CptTitle, Customer, OperatorName, ConeId, LocationName, JobNumber, HoleNumber;
+  std::string TestDateText, CommentLine1, CommentLine2, CommentLine3, GpsText;
+  int16_t CptDepthDecimals = 0;
+};
+
+struct HeaderField {
+  const char* name;
+  const std::string* value;
+};
+// The header text fields of the sounding's family under their data-model names.
+std::vector<HeaderField> HeaderFields(const KorvanHeader& korvan, const CptHeader& cpt, int family);
+
+struct SoundingScalars {
+  int32_t ReadingCount = 0;
+  int16_t ChannelCount = 0;
+  int16_t TotalChannels = 0;
+  int16_t AcquisitionFamily = kNoSounding;
+  std::string SoundingPath, SoundingFileName, SoundingFolder;
+  float StartDepth = 0, DepthInterval = 0, MaxDepth = 0;
+  // Metres; -99 means undefined.
+  float WaterTableDepth = -99;
+  bool BallTip = false;
+  float BallDiameter = 0, BallArea = 0, ConicalTipArea = 0;
+  bool DepthIncrementMode = false;
+  std::string SampleRate, DepthIncrement;
+  bool EndBaselinePresent = false;
+  int16_t DrilloutFlag = 0;
+  float DrilloutDepth = 0;
+  std::array<bool, kOutputKinds> TemperatureInFahrenheit{};
+  bool DepthReversed = false, ColourProbePresent = false, IsMunsellFile = false;
+  // The Rod Depth channel's file units, "m", "ft" or empty.
+  std::string RodDefaultUnit, RodDisplayUnit;
+  // The whole Sensor row of the channel table, kept to check that appended data matches.
+  std::string SensorRowText;
+};
+
+class SoundingStore : public SoundingScalars,
+                      public ChannelTables,
+                      public ChannelRoles,
+                      public KorvanHeader,
+                      public CptHeader {
+ public:
+  SoundingStore();
+  SoundingStore(SoundingStore&&) noexcept = default;
+  SoundingStore& operator=(SoundingStore&&) noexcept = default;
+
+  // Depth in metres [r][1] and in feet [r][2].
+  FixedTable<float> DepthTable;
+  FixedTable<float> RawReadings;
+  // [r][channel + 100 * kind]
+  FixedTable<float> ChannelReadings;
+  FixedTable<float> AlignedReadings;
+  FixedTable<float> RawAlignedReadings;
+  // Pressures in units 14, 11, 2 and 15 of the pressure group, whatever the user's units.
+  std::array<FixedTable<float>, kFixedPressureTables> FixedPressureReadings;
+  std::array<FixedTable<float>, kFixedPressureTables> AlignedFixedPressure;
+  FixedTable<float> CptRawReadings;
+  std::vector<float> PushSpeed;
+  std::vector<std::string> MunsellChips;
+  std::vector<std::string> RowTail;
+
+  // Empties the sounding: family -1, no header text, zero counts and scalars, every channel enabled
+  // with curve style -1, no roles, and the reading tables cleared as far as they were used.
+  void ResetSounding();
+  // Zeroes the engineering, aligned and depth tables as far as they were used.
+  void ClearReadingTables();
+
+  // Marks rows and channels as in use, so a reset clears them; readers call it as they fill rows.
+  void NoteRowsUsed(int last_row) { if (last_row > rows_used_) rows_used_ = last_row; }
+  int RowsUsed() const { return rows_used_; }
+
+ private:
+  int rows_used_ = 0;
+};
+
+}  // namespace marlview

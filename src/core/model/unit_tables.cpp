@@ -1,0 +1,93 @@
+// Unit groups: five from the installed unit files, the rest fixed.
+#include "core/model/unit_tables.h"
+
+#include <initializer_list>
+#include <string_view>
+#include <utility>
+
+#include "core/common/file_access.h"
+#include "core/common/line_cursor.h"
+#include "core/common/number_read.h"
+#include "core/common/runtime_failure.h"
+
+namespace marlview {
+namespace {
+
+void SetGroup(UnitTables& units, int group, const char* name,
+              std::initializer_list<std::pair<const char*, float>> list, int count) {
+  units.UnitGroupName[group] = name;
+  int unit = 0;
+  for (const auto& [unit_name, factor] : list) {
+    ++unit;
+    units.UnitNames[unit][group] = unit_name;
+    units.UnitFactors[unit][group] = factor;
+  }
+  units.UnitCount[group] = count;
+}
+
+void SetGroup(UnitTables& units, int group, const char* name,
+              std::initializer_list<std::pair<const char*, float>> list) {
+  SetGroup(units, group, name, list, static_cast<int>(list.size()));
+}
+
+}  // namespace
+
+const std::string& UnitTables::Name(int unit, int group) const {
+  if (unit < 0 || unit > kMaxUnitsInGroup || group < 0 || group > kMaxUnitGroup) Fail(kErrSubscript);
+  return UnitNames[unit][group];
+}
+
+float UnitTables::Factor(int unit, int group) const {
+  if (unit < 0 || unit > kMaxUnitsInGroup || group < 0 || group > kMaxUnitGroup) Fail(kErrSubscript);
+  return UnitFactors[unit][group];
+}
+
+void ReadUnitFile(UnitTables& units, int group, std::string_view bytes) {
+  LineCursor lines(bytes);
+  int unit = 0;
+  while (!lines.AtEnd() && unit < kMaxUnitsInGroup) {
+    const std::string_view name = lines.Next();
+    if (lines.AtEnd()) break;
+    ++unit;
+    units.UnitNames[unit][group] = std::string(name);
+    units.UnitFactors[unit][group] = static_cast<float>(LenientNumber(lines.Next()));
+  }
+  units.UnitCount[group] = unit;
+}
+
+void SetupTYRChannels(UnitTables& units, const std::string& data_directory, float feet_per_metre) {
+  units = UnitTables{};
+  static constexpr std::pair<int, const char*> kFiles[] = {
+      {kForceGroup, "ForceUnits.txt"},   {kPressureGroup, "PressureUnits.txt"},
+      {kLengthGroup, "LengthUnits.txt"}, {kAreaGroup, "AreaUnits.txt"},
+      {kVolumeGroup, "VolumeUnits.txt"},
+  };
+  static constexpr const char* kGroupNames[] = {"FORCE", "PRESS", "STRAIN", "AREA", "VOLUME"};
+  for (const auto& [group, file] : kFiles) {
+    units.UnitGroupName[group] = kGroupNames[group];
+    if (auto bytes = TryReadWholeFile(data_directory + "/" + file)) ReadUnitFile(units, group, *bytes);
+  }
+  SetGroup(units, kTemperatureGroup, "TEMP", {{"C", 1}, {"F", 1}, {"deg C", 1}, {"deg F", 1}});
+  SetGroup(units, kVoltageGroup, "VOLTAGE", {{"V", 1}, {"Vdc", 1}, {"VDC", 1}});
+  SetGroup(units, kInclinationGroup, "INCLINATION", {{"deg", 1}, {"Deg", 1}, {"DEG", 1}});
+  // Only two of the three voltage spellings are offered for the FFD channels.
+  SetGroup(units, kFfdGroup, "FFD", {{"V", 1}, {"Vdc", 1}, {"VDC", 1}}, 2);
+  SetGroup(units, kResistivityGroup, "RESISTIVITY", {{"Ohm-m", 1}, {"Ohm-meter", 1}});
+  SetGroup(units, kSoilMoistureGroup, "SOIL MOISTURE",
+           {{"%", 1}, {"percent", 1}, {"percentage", 1}, {"PERCENT", 1}, {"PERCENTAGE", 1}});
+  SetGroup(units, kPercentageGroup, "PERCENTAGE",
+           {{"%", 1}, {"percent", 1}, {"percentage", 1}, {"PERCENT", 1}, {"PERCENTAGE", 1}});
+  SetGroup(units, kNoUnitsGroup, "NO UNITS", {{"UNITLESS", 1}, {"", 1}});
+  SetGroup(units, kConductivityGroup, "CONDUCTIVITY", {{"mS/m", 1}, {"milliSiemens/meter", 1}});
+  SetGroup(units, kSptGroup, "SPT CORRELATION", {{"blows/ft", 1}, {"blows/m", feet_per_metre}});
+  SetGroup(units, kSbt83Group, "SOIL BEHAVIOR TYPE", {{"RC 1983", 1}});
+  SetGroup(units, kDensityGroup, "DENSITY",
+           {{"kgf/m^3", 1}, {"kg/m^3", 1}, {"kgf/m3", 1}, {"kg/m3", 1}, {"lb/ft^3", 16.0185f},
+            {"lb/ft3", 16.0185f}, {"pcf", 16.0185f}, {"PCF", 16.0185f}});
+  SetGroup(units, kSpeedGroup, "SPEED", {{"cm/sec", 1}, {"cm/s", 1}});
+  SetGroup(units, kSbt90Group, "SOIL BEHAVIOR TYPE", {{"Rob. 1990", 1}});
+  // The 1986 chart's unit has no factor: that group is never converted.
+  SetGroup(units, kSbt86Group, "SOIL BEHAVIOR TYPE", {{"Rob. 1986", 0}});
+}
+
+}  // namespace marlview

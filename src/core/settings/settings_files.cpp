@@ -1,0 +1,85 @@
+// Reading and writing of the start-up settings files.
+#include "core/settings/settings_files.h"
+
+#include <cmath>
+
+#include "core/common/line_cursor.h"
+#include "core/common/number_read.h"
+#include "core/common/text_rules.h"
+
+namespace marlview {
+
+int16_t ToSetting16(double value) {
+  const double rounded = std::nearbyint(value);
+  if (!(rounded >= -32768 && rounded <= 32767)) return 0;
+  return static_cast<int16_t>(rounded);
+}
+
+std::string NumberLine(double value) { return ShortestText(value) + "\r\n"; }
+
+std::vector<double> ReadNumberLines(std::string_view bytes, int count) {
+  LineCursor lines(bytes);
+  std::vector<double> numbers;
+  for (int i = 0; i < count; ++i) numbers.push_back(LenientNumber(lines.Next()));
+  return numbers;
+}
+
+GeneralSettings ReadGeneralSettings(std::string_view bytes) {
+  LineCursor lines(bytes);
+  GeneralSettings s;
+  s.CompanyGraphTitle = std::string(lines.Next());
+  s.Customer = std::string(lines.Next());
+  s.DefaultSystem = ToSetting16(LenientNumber(lines.Next()));
+  s.DefaultDepthUnits = ToSetting16(LenientNumber(lines.Next()));
+  s.SecondUnitsWord = ToSetting16(LenientNumber(lines.Next()));
+  s.SoilDensity = static_cast<float>(LenientNumber(lines.Next()));
+  s.SoilDensityUnits = ToSetting16(LenientNumber(lines.Next()));
+  s.NetAreaRatio = static_cast<float>(LenientNumber(lines.Next()));
+  s.SuppressDuplicateDepths = ToSetting16(LenientNumber(lines.Next()));
+  s.DuplicateDepthTolerance = static_cast<float>(LenientNumber(lines.Next()));
+  s.SuppressNotConnected = ToSetting16(LenientNumber(lines.Next()));
+  return s;
+}
+
+std::string WriteGeneralSettings(const GeneralSettings& s) {
+  return s.CompanyGraphTitle + "\r\n" + s.Customer + "\r\n" + NumberLine(s.DefaultSystem) +
+         NumberLine(s.DefaultDepthUnits) + NumberLine(s.SecondUnitsWord) +
+         NumberLine(s.SoilDensity) + NumberLine(s.SoilDensityUnits) + NumberLine(s.NetAreaRatio) +
+         NumberLine(s.SuppressDuplicateDepths) + NumberLine(s.DuplicateDepthTolerance) +
+         NumberLine(s.SuppressNotConnected);
+}
+
+RodBreakSettings ReadRodBreakSettings(std::string_view bytes) {
+  const auto numbers = ReadNumberLines(bytes, 2);
+  return {static_cast<float>(numbers[0]), ToSetting16(numbers[1])};
+}
+
+std::string WriteRodBreakSettings(const RodBreakSettings& s) {
+  return NumberLine(s.Threshold) + NumberLine(s.RemoveOnOpen);
+}
+
+std::vector<ProbeDimensions> ReadProbeDimensions(std::string_view bytes, float feet_per_metre) {
+  LineCursor lines(bytes);
+  std::vector<ProbeDimensions> rows;
+  for (int i = 0; i < 3 && !lines.AtEnd(); ++i) lines.Next();
+  while (!lines.AtEnd() && static_cast<int>(rows.size()) < kMaxProbeDimensionRows) {
+    const std::string_view line = lines.Next();
+    if (TrimBlanks(line).empty()) continue;
+    std::vector<std::string_view> fields;
+    size_t begin = 0;
+    for (size_t comma; (comma = line.find(',', begin)) != std::string_view::npos; begin = comma + 1) {
+      fields.push_back(line.substr(begin, comma - begin));
+    }
+    fields.push_back(line.substr(begin));
+    ProbeDimensions row;
+    row.model = std::string(TrimBlanks(fields[0]));
+    if (fields.size() > 1) row.description = std::string(TrimBlanks(fields[1]));
+    for (size_t n = 0; n < row.lengths_m.size() && n + 2 < fields.size(); ++n) {
+      row.lengths_m[n] = static_cast<float>(LenientNumber(fields[n + 2]) / 12 / feet_per_metre);
+    }
+    rows.push_back(std::move(row));
+  }
+  return rows;
+}
+
+}  // namespace marlview

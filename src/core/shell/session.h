@@ -1,0 +1,99 @@
+// The one session: every process-wide store and setting of a run of the program.
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/model/catalogue.h"
+#include "core/model/sounding_slots.h"
+#include "core/model/sounding_store.h"
+#include "core/model/unit_tables.h"
+#include "core/settings/settings_files.h"
+
+namespace marlview {
+
+inline constexpr const char* kProgramTitle = "Marlview Version 3.1.6";
+inline constexpr float kFeetPerMetre = (100 / 2.54f) / 12;
+
+struct SessionPaths {
+  // Where the settings files live.
+  std::string data_directory;
+  // The installed defaults copied into the data directory when missing.
+  std::string defaults_directory;
+};
+
+// The data directory: the override when given, else $MARLVIEW_DATA_DIR, else
+// $XDG_DATA_HOME/Marlview, else ~/.local/share/Marlview.
+std::string ResolveDataDirectory(const std::string& override_directory = {});
+// The installed defaults: $MARLVIEW_DEFAULTS_DIR, else share/marlview/defaults beside the program's
+// folder, else the source tree's data/defaults.
+std::string ResolveDefaultsDirectory(const std::string& program_directory = {});
+
+// Windows that hold a view of the current sounding; a new file may be read only when all are closed.
+struct WindowFlags {
+  bool PlotWindowOpen = false;
+  bool ListWindowOpen = false;
+  bool EcpWindowOpen = false;
+  bool EditWindowOpen = false;
+};
+
+class Session {
+ public:
+  explicit Session(SessionPaths paths);
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  const SessionPaths& Paths() const { return paths_; }
+  // The settings file of a name such as "GENERAL SETTINGS.txt", in the data directory.
+  std::string SettingsPath(const std::string& name) const;
+
+  SoundingStore& Sounding() { return *sounding_; }
+  const SoundingStore& Sounding() const { return *sounding_; }
+  // A store to read a new file into; it becomes the current sounding only by CommitSounding, so a
+  // read that fails leaves the current sounding as it was.
+  SoundingStore& SpareStore() { return *spare_; }
+  void CommitSounding();
+
+  SoundingSlots& Slots() { return *slots_; }
+
+  UnitTables units;
+  ChannelChoices choices;
+  GeneralSettings general;
+  RodBreakSettings rod_break;
+  std::vector<ProbeDimensions> probe_dimensions;
+
+  float FeetPerMetre = kFeetPerMetre;
+  bool DecimalComma = false;
+  // 1: depths shown in metres; any other value: feet.
+  int16_t DepthUnitIsMetric = 1;
+  int16_t DepthUnitsFlag = 1;
+  bool PiezoFilterPresent = false;
+  int16_t DuplicateDepthCheck = 0;
+  float DuplicateDepthThreshold = 0;
+  int16_t BallAreaDoubled = 0;
+  int16_t SoundingSelectionMode = 1;
+  int32_t ColumnWidth = 21;
+  float SbtBrightnessFactor = 0;
+  float LogoScaleFactor = 100;
+  std::array<int16_t, 12> LastPrintSettings{};
+  std::vector<int16_t> OrderedEcpChannels;
+
+  // -1: ask; otherwise the answer given once for a run of opens.
+  int16_t StartDepthAnswer = -1;
+  int16_t RemoveSpikesAnswer = -1;
+
+  WindowFlags flags;
+  bool SoundingOpen = false;
+  std::string SoundingDirectory;
+  int CurrentSlot = 0;
+
+ private:
+  SessionPaths paths_;
+  std::unique_ptr<SoundingStore> sounding_;
+  std::unique_ptr<SoundingStore> spare_;
+  std::unique_ptr<SoundingSlots> slots_;
+};
+
+}  // namespace marlview

@@ -1,0 +1,328 @@
+// The main window's logic: the processing modes and the sounding flow up to the channel lists.
+#include "core/shell/shell_controller.h"
+
+#include <algorithm>
+
+#include "core/common/file_access.h"
+#include "core/common/number_format.h"
+#include "core/common/runtime_failure.h"
+#include "core/common/text_rules.h"
+#include "core/io/dat_reader.h"
+#include "core/model/conversion.h"
+#include "core/shell/add_data.h"
+#include "core/settings/settings_files.h"
+
+namespace marlview {
+namespace {
+
+constexpr const char* kSoundingFilter =
+    "PX DAS (*.CPT)|*.CPT|QRD FIELDBOX (*.DAT)|*.DAT|ALL SYSTEMS (*.CPT;*.DAT)|*.CPT;*.DAT";
+constexpr size_t kMaxPlotColumns = 6;
+
+}  // namespace
+
+ShellController::ShellController(Session& session, UserPrompts& prompts)
+    : session_(session), prompts_(prompts) {
+  view_.piezo_checked = session_.PiezoFilterPresent;
+}
+
+void ShellController::Guarded(const char* source, const std::function<void()>& event) {
+  try {
+    InProcedure(source, event);
+  } catch (const RuntimeFailure& failure) {
+    prompts_.Tell(GeneralErrorText(failure));
+  }
+}
+
+void ShellController::NotAvailable(const std::string& what) {
+  prompts_.Tell(what + " is not available in this version of Marlview yet.");
+}
+
+void ShellController::ChooseMode(ProcessingMode mode) {
+  Guarded("Form1", [&] {
+    switch (mode) {
+      case ProcessingMode::kSounding:
+        session_.SoundingSelectionMode = 0;
+        view_.checked_mode = mode;
+        ProcessSounding();
+        return;
+      case ProcessingMode::kSoundingsBatch:
+        NotAvailable("Processing several soundings at once");
+        break;
+      case ProcessingMode::kDissipations:
+        NotAvailable("Dissipation processing");
+        break;
+      case ProcessingMode::kSeismic:
+        NotAvailable("Seismic processing");
+        break;
+      case ProcessingMode::kVideo:
+        NotAvailable("Video cone processing");
+        break;
+      case ProcessingMode::kVerification:
+        NotAvailable("Verification processing");
+        break;
+      case ProcessingMode::kNone:
+        break;
+    }
+    view_.checked_mode = ProcessingMode::kNone;
+  });
+}
+
+void ShellController::ProcessSounding() {
+  view_.test_type_visible = false;
+  view_.sounding_frame_visible = true;
+  session_.Sounding().WaterTableDepth = -99;
+  try {
+    if (!OpenSoundingFile()) return;
+  } catch (const RuntimeFailure& failure) {
+    // A read that fails leaves no half-read sounding on show.
+    BackToModeChoice();
+    RuntimeFailure stamped = failure;
+    if (stamped.source.empty()) stamped.source = "ProcessSounding";
+    prompts_.Tell(GeneralErrorText(stamped));
+    return;
+  }
+  FillSoundingInfo();
+}
+
+bool ShellController::OpenSoundingFile() {
+  session_.StartDepthAnswer = -1;
+  session_.RemoveSpikesAnswer = -1;
+  view_.available_rows.clear();
+  available_.clear();
+  view_.selected_rows.clear();
+  selected_.clear();
+  UpdateButtons();
+
+  const int family = session_.Sounding().AcquisitionFamily;
+  FileDialogRequest request;
+  request.title = "Open";
+  request.filter = kSoundingFilter;
+  request.filter_index = (family == kKorvanDatFamily || family == kPlainDatFamily) ? 2 : (family == kPxDasFamily ? 1 : 3);
+  if (DirectoryExists(session_.SoundingDirectory)) request.start_directory = session_.SoundingDirectory;
+  const std::string path = prompts_.OpenFile(request);
+  if (path.size() < 4) {
+    BackToModeChoice();
+    return false;
+  }
+  if (EndsWithNoCase(path, "cpt")) {
+    NotAvailable("Opening PX DAS soundings (.CPT)");
+    BackToModeChoice();
+    return false;
+  }
+  if (!EndsWithNoCase(path, "dat")) {
+    BackToModeChoice();
+    return false;
+  }
+  view_.edit_visible = true;
+  if (OpenDatSounding(session_, prompts_, path) != ReadOutcome::kLoaded) {
+    BackToModeChoice();
+    return false;
+  }
+  PopulateChannelList();
+  view_.available_list_visible = true;
+  session_.SoundingDirectory = std::string(FolderPart(path));
+  session_.SoundingOpen = true;
+  return true;
+}
+
+void ShellController::BackToModeChoice() {
+  view_.checked_mode = ProcessingMode::kNone;
+  view_.test_type_visible = true;
+  view_.sounding_frame_visible = false;
+  view_.available_list_visible = false;
+  view_.available_rows.clear();
+  view_.selected_rows.clear();
+  view_.sounding_info.clear();
+  available_.clear();
+  selected_.clear();
+  session_.SoundingOpen = false;
+  UpdateButtons();
+}
+
+void ShellController::FillSoundingInfo() {
+  const SoundingStore& s = session_.Sounding();
+  const bool metric = session_.DepthUnitIsMetric == 1;
+  const double pushed = metric ? s.MaxDepth : s.MaxDepth * session_.FeetPerMetre;
+  view_.sounding_info = "FILENAME: " + s.SoundingFileName + "\nLOCATION: " + s.Location +
+                        "\nDISTANCE PUSHED: " + FormatNumber(pushed, "###0.00") +
+                        (metric ? " (m)" : " (ft)");
+}
+
+// The roles come first, each once, then the other channels in channel order.
+void ShellController::PopulateChannelList() {
+  const SoundingStore& s = session_.Sounding();
+  const int16_t roles[] = {s.TipChannel,    s.TipQtChannel, s.SleeveChannel,
+                           s.PorePressureChannel, s.FrictionRatioQtChannel, s.InclXChannel,
+                           s.InclYChannel,  s.Sbt83Channel, s.FrictionRatioQcChannel,
+                           s.SptChannel};
+  available_.clear();
+  for (int16_t channel : roles) {
+    if (channel != 0 && std::find(available_.begin(), available_.end(), channel) == available_.end()) {
+      available_.push_back(channel);
+    }
+  }
+  const size_t listed_roles = available_.size();
+  for (int c = 1; c <= s.TotalChannels; ++c) {
+    if (std::find(available_.begin(), available_.begin() + static_cast<long>(listed_roles), c) !=
+        available_.begin() + static_cast<long>(listed_roles)) {
+      continue;
+    }
+    if (ContainsNoCase(s.ChannelName[c], "Not Connected")) continue;
+    available_.push_back(c);
+  }
+  view_.available_rows.clear();
+  for (int channel : available_) view_.available_rows.push_back(s.ChannelName[channel]);
+}
+
+void ShellController::UpdateButtons() {
+  view_.plot_enabled = !selected_.empty();
+  view_.list_enabled = !selected_.empty();
+}
+
+void ShellController::ClickAvailableChannel(int row) {
+  if (row < 0 || row >= static_cast<int>(available_.size())) return;
+  const int channel = available_[row];
+  const auto found = std::find(selected_.begin(), selected_.end(), channel);
+  if (found != selected_.end()) {
+    view_.selected_rows.erase(view_.selected_rows.begin() + (found - selected_.begin()));
+    selected_.erase(found);
+  } else {
+    selected_.push_back(channel);
+    view_.selected_rows.push_back(session_.Sounding().ChannelName[channel]);
+  }
+  UpdateButtons();
+}
+
+void ShellController::ClearSelection() {
+  selected_.clear();
+  view_.selected_rows.clear();
+  UpdateButtons();
+}
+
+bool ShellController::CheckPlotSelection() {
+  const SoundingStore& s = session_.Sounding();
+  auto year_of = [&s](int c) {
+    if (c == 0) return 0;
+    if (c == s.Sbt83Channel) return 1;
+    if (c == s.Sbt86FrChannel || c == s.Sbt86PpChannel) return 2;
+    if (c == s.Sbt90QtChannel || c == s.Sbt90BqChannel) return 3;
+    return 0;
+  };
+  for (int c : selected_) {
+    if (s.TimeChannel != 0 && c == s.TimeChannel) {
+      prompts_.Tell("CANNOT PLOT TIME DATA");
+      return false;
+    }
+    if (s.MunsellChannel != 0 && c == s.MunsellChannel) {
+      prompts_.Tell("CANNOT PLOT MUNSELL (TEXT) DATA");
+      return false;
+    }
+    const int year = year_of(c);
+    if (year == 0) continue;
+    for (int other : selected_) {
+      const int other_year = year_of(other);
+      if (other_year != 0 && other_year != year) {
+        prompts_.Tell("CANNOT PLOT SBT(83), SBT(86) and SBT(90) TOGETHER");
+        return false;
+      }
+    }
+    sbt_chart_choice_ = year;
+  }
+  if (selected_.size() > kMaxPlotColumns) {
+    prompts_.Tell("A maximum of 6 channels can be graphed at a time.");
+    return false;
+  }
+  return true;
+}
+
+void ShellController::PlotSounding() {
+  Guarded("cmdPlotSounding_Click", [&] {
+    if (CheckPlotSelection()) NotAvailable("The sounding plot window");
+  });
+}
+
+void ShellController::ListSounding() {
+  Guarded("cmdListSounding_Click", [&] {
+    if (selected_.empty()) {
+      prompts_.Tell("Select parameter(s) first !");
+      return;
+    }
+    NotAvailable("The sounding list window");
+  });
+}
+
+void ShellController::ListEcp() { NotAvailable("The ECP list window"); }
+void ShellController::EditSounding() { NotAvailable("The sounding editor"); }
+void ShellController::SetWaterTableDepth() { NotAvailable("The water table dialog"); }
+
+bool ShellController::SoundingDone(const std::function<void(ViewWindow)>& close_window) {
+  bool done = false;
+  Guarded("cmdSoundingDone_Click", [&] {
+    struct OpenWindow {
+      bool WindowFlags::*flag;
+      ViewWindow window;
+      const char* question;
+    };
+    static constexpr OpenWindow kWindows[] = {
+        {&WindowFlags::PlotWindowOpen, ViewWindow::kPlot, "Plot window is open. Close window and continue?"},
+        {&WindowFlags::ListWindowOpen, ViewWindow::kList, "List window is open. Close window and continue?"},
+        {&WindowFlags::EcpWindowOpen, ViewWindow::kEcp, "ECP window is open. Close window and continue?"},
+        {&WindowFlags::EditWindowOpen, ViewWindow::kEdit, "Edit window is open. Close window and continue?"},
+    };
+    for (const OpenWindow& open : kWindows) {
+      if (!(session_.flags.*open.flag)) continue;
+      if (prompts_.Ask(open.question, Buttons::kYesNo) == Answer::kNo) return;
+      close_window(open.window);
+      session_.flags.*open.flag = false;
+    }
+    session_.Sounding().ReadingCount = 0;
+    BackToModeChoice();
+    done = true;
+  });
+  return done;
+}
+
+void ShellController::SetPiezoFilterPresent(bool present) {
+  Guarded("chkPiezoFilterPresent_Click", [&] {
+    session_.PiezoFilterPresent = present;
+    view_.piezo_checked = present;
+    SoundingStore& s = session_.Sounding();
+    if (!session_.SoundingOpen || s.SleeveChannel == 0 || s.AcquisitionFamily == kPxDasFamily) return;
+    s.ChannelOffset[s.SleeveChannel] = SleeveOffsetMetres(s, present, session_.FeetPerMetre);
+    AlignChannel(s, s.SleeveChannel);
+  });
+}
+
+void ShellController::AddData() {
+  Guarded("mnuAddData_Click", [&] {
+    if (!session_.SoundingOpen) return;
+    FileDialogRequest request;
+    request.title = "Add Data";
+    request.filter = "All Files (*.*)|*.*";
+    if (DirectoryExists(session_.SoundingDirectory)) request.start_directory = session_.SoundingDirectory;
+    const std::string path = prompts_.OpenFile(request);
+    if (path.empty()) return;
+    const std::string bytes = ReadWholeFile(path);
+    const int channel = AddChannelFromText(session_, bytes, path, prompts_);
+    if (channel == 0) return;
+    available_.push_back(channel);
+    view_.available_rows.push_back(session_.Sounding().ChannelName[channel]);
+  });
+}
+
+void ShellController::SetSingleTest() {
+  Guarded("mnuSingleTest_Click", [&] {
+    session_.SoundingSelectionMode = 0;
+    WriteFileAtomically(session_.SettingsPath("Sounding Selection Settings"), NumberLine(0));
+  });
+}
+
+void ShellController::SetMultipleTests() {
+  Guarded("mnuMultipleTests_Click", [&] {
+    session_.SoundingSelectionMode = 1;
+    WriteFileAtomically(session_.SettingsPath("Sounding Selection Settings"), NumberLine(1));
+  });
+}
+
+}  // namespace marlview

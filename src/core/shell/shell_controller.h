@@ -1,0 +1,86 @@
+// The main window's logic: processing modes, opening a sounding, the channel lists and their
+// checks. The window mirrors View() after each call and owns no state of its own.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "core/common/user_prompts.h"
+#include "core/shell/session.h"
+
+namespace marlview {
+
+enum class ProcessingMode { kNone, kSounding, kSoundingsBatch, kDissipations, kSeismic, kVideo, kVerification };
+
+enum class ViewWindow { kPlot, kList, kEcp, kEdit };
+
+struct ShellView {
+  // frmSelectTestType
+  bool test_type_visible = true;
+  // frmSelectSoundingChannels, with lstAvailableChannels and lstSelectedChannels
+  bool sounding_frame_visible = false;
+  bool available_list_visible = false;
+  ProcessingMode checked_mode = ProcessingMode::kNone;
+  std::vector<std::string> available_rows;
+  std::vector<std::string> selected_rows;
+  bool plot_enabled = false;
+  bool list_enabled = false;
+  bool edit_visible = false;
+  bool piezo_checked = false;
+  // lblSoundingInfo, one line each for the file, the location and the depth pushed.
+  std::string sounding_info;
+};
+
+class ShellController {
+ public:
+  ShellController(Session& session, UserPrompts& prompts);
+
+  const ShellView& View() const { return view_; }
+  // The channel behind each row of the upper list, and the channels chosen, in order.
+  const std::vector<int>& AvailableChannels() const { return available_; }
+  const std::vector<int>& SelectedChannels() const { return selected_; }
+  int SbtChartChoice() const { return sbt_chart_choice_; }
+
+  // A click on one of the six processing options.
+  void ChooseMode(ProcessingMode mode);
+  // A click on a row of the upper list: adds the channel below, or takes it out when already there.
+  void ClickAvailableChannel(int row);
+  void ClearSelection();
+  // The checks of the plot button; true when the selection can be plotted.
+  bool CheckPlotSelection();
+  void PlotSounding();
+  void ListSounding();
+  void ListEcp();
+  void EditSounding();
+  void SetWaterTableDepth();
+  // Closes the sounding after asking about each open window; close_window closes one. False when
+  // the user kept a window open.
+  bool SoundingDone(const std::function<void(ViewWindow)>& close_window);
+  void SetPiezoFilterPresent(bool present);
+  // Adds one channel from a text file of depths and values to the current sounding.
+  void AddData();
+  void SetSingleTest();
+  void SetMultipleTests();
+  // Says plainly that a feature of a later version is not there yet.
+  void NotAvailable(const std::string& what);
+
+ private:
+  void ProcessSounding();
+  bool OpenSoundingFile();
+  void PopulateChannelList();
+  void BackToModeChoice();
+  void FillSoundingInfo();
+  void UpdateButtons();
+  // Runs an event, reporting a run-time failure with the general error text.
+  void Guarded(const char* source, const std::function<void()>& event);
+
+  Session& session_;
+  UserPrompts& prompts_;
+  ShellView view_;
+  std::vector<int> available_;
+  std::vector<int> selected_;
+  int sbt_chart_choice_ = 1;
+};
+
+}  // namespace marlview

@@ -1,0 +1,122 @@
+// Start-up: settings files in the order the main window reads them.
+#include "core/shell/startup.h"
+
+#include <filesystem>
+#include <functional>
+
+#include "core/common/file_access.h"
+#include "core/common/number_read.h"
+#include "core/common/runtime_failure.h"
+
+namespace marlview {
+namespace fs = std::filesystem;
+namespace {
+
+constexpr int kOrderedEcpChannelLines = 52;
+constexpr int kLastPrintSettingsWords = 12;
+
+// Reads one settings file through reader when it exists; a failure is reported and the default kept.
+void ReadSetting(Session& session, UserPrompts& prompts, const std::string& name, const char* source,
+                 const std::function<void(std::string_view)>& reader) {
+  const auto bytes = TryReadWholeFile(session.SettingsPath(name));
+  if (!bytes) return;
+  try {
+    InProcedure(source, [&] { reader(*bytes); });
+  } catch (const RuntimeFailure& failure) {
+    prompts.Tell(GeneralErrorText(failure));
+  }
+}
+
+// Writes a default back at once, so the next run and the settings dialogs find the file.
+void WriteBackWhenMissing(Session& session, UserPrompts& prompts, const std::string& name,
+                          const std::string& bytes) {
+  const std::string path = session.SettingsPath(name);
+  if (FileExists(path)) return;
+  try {
+    InProcedure("Form_Load", [&] { WriteFileAtomically(path, bytes); });
+  } catch (const RuntimeFailure& failure) {
+    prompts.Tell(GeneralErrorText(failure));
+  }
+}
+
+}  // namespace
+
+void InstallMissingDefaults(const SessionPaths& paths) {
+  std::error_code error;
+  fs::create_directories(paths.data_directory, error);
+  if (!DirectoryExists(paths.defaults_directory)) return;
+  for (const auto& entry : fs::directory_iterator(paths.defaults_directory, error)) {
+    if (!entry.is_regular_file(error)) continue;
+    const std::string target = paths.data_directory + "/" + entry.path().filename().string();
+    if (FileExists(target)) continue;
+    if (auto bytes = TryReadWholeFile(entry.path().string())) WriteFileAtomically(target, *bytes);
+  }
+}
+
+void RunStartup(Session& session, UserPrompts& prompts) {
+  session.flags = WindowFlags{};
+  session.Sounding().AcquisitionFamily = kNoSounding;
+  session.FeetPerMetre = kFeetPerMetre;
+  // Numbers are read and written with "." whatever the desktop's locale says.
+  session.DecimalComma = false;
+  try {
+    InProcedure("Form_Load", [&] { InstallMissingDefaults(session.Paths()); });
+  } catch (const RuntimeFailure& failure) {
+    prompts.Tell(GeneralErrorText(failure));
+  }
+  SetupTYRChannels(session.units, session.Paths().data_directory, session.FeetPerMetre);
+
+  ReadSetting(session, prompts, "Sounding Selection Settings", "Form_Load", [&](std::string_view b) {
+    session.SoundingSelectionMode = ToSetting16(ReadNumberLines(b, 1)[0]);
+  });
+  ReadSetting(session, prompts, "Column Widths", "Form_Load", [&](std::string_view b) {
+    session.ColumnWidth = static_cast<int32_t>(ReadNumberLines(b, 1)[0]);
+  });
+  ReadSetting(session, prompts, "SBT brightness factor.txt", "Form_Load", [&](std::string_view b) {
+    session.SbtBrightnessFactor = static_cast<float>(ReadNumberLines(b, 1)[0]);
+  });
+  session.rod_break = RodBreakSettings{};
+  ReadSetting(session, prompts, "Rod Break Threshold.txt", "Form_Load",
+              [&](std::string_view b) { session.rod_break = ReadRodBreakSettings(b); });
+  WriteBackWhenMissing(session, prompts, "Rod Break Threshold.txt",
+                       WriteRodBreakSettings(session.rod_break));
+  ReadSetting(session, prompts, "Logo Scale Factor.txt", "Form_Load", [&](std::string_view b) {
+    session.LogoScaleFactor = static_cast<float>(ReadNumberLines(b, 1)[0]);
+  });
+  WriteBackWhenMissing(session, prompts, "Logo Scale Factor.txt", NumberLine(session.LogoScaleFactor));
+  ReadSetting(session, prompts, "Dimensio.csv", "Form_Load", [&](std::string_view b) {
+    session.probe_dimensions = ReadProbeDimensions(b, session.FeetPerMetre);
+  });
+  for (int id = 1; id <= kLastSettingsId; ++id) {
+    if (!HasChannelSettings(id)) continue;
+    ReadSetting(session, prompts, "Export Labels Channel " + std::to_string(id) + ".txt",
+                "ReadExportLabels",
+                [&](std::string_view b) { ReadExportLabels(session.choices, id, b); });
+  }
+  ReadSetting(session, prompts, "GENERAL SETTINGS.txt", "ReadGeneralSettings",
+              [&](std::string_view b) { session.general = ReadGeneralSettings(b); });
+  session.DepthUnitsFlag = session.general.DefaultDepthUnits;
+  session.DepthUnitIsMetric = session.general.DefaultDepthUnits;
+  session.DuplicateDepthCheck = session.general.SuppressDuplicateDepths;
+  session.DuplicateDepthThreshold = session.general.DuplicateDepthTolerance;
+  ReadSetting(session, prompts, "LAST PRINT SETTINGS.txt", "ReadLastPrintSettings",
+              [&](std::string_view b) {
+                const auto words = ReadNumberLines(b, kLastPrintSettingsWords);
+                for (int i = 0; i < kLastPrintSettingsWords; ++i) {
+                  session.LastPrintSettings[i] = ToSetting16(words[i]);
+                }
+              });
+  ReadSetting(session, prompts, "Ordered ECP Channels.txt", "ReadOrderedEcpChannels",
+              [&](std::string_view b) {
+                std::vector<int16_t> order;
+                for (double n : ReadNumberLines(b, kOrderedEcpChannelLines)) order.push_back(ToSetting16(n));
+                session.OrderedEcpChannels = std::move(order);
+              });
+  ReadSetting(session, prompts, "Display Units.txt", "ReadDisplayUnits",
+              [&](std::string_view b) { ReadDisplayUnits(session.choices, b); });
+  ReadSetting(session, prompts, "Ball Tip Area Calculation.txt", "Form_Load", [&](std::string_view b) {
+    session.BallAreaDoubled = ToSetting16(ReadNumberLines(b, 1)[0]);
+  });
+}
+
+}  // namespace marlview

@@ -1,0 +1,249 @@
+// The main window: widgets named as the controls they are, each event handed to the controller.
+#include "ui/shell/form1.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include "ui/common/event_guard.h"
+#include "ui/common/qt_prompts.h"
+
+namespace marlview {
+namespace {
+
+template <typename Widget>
+Widget* Named(Widget* widget, const char* name) {
+  widget->setObjectName(name);
+  return widget;
+}
+
+void FillList(QListWidget* list, const std::vector<std::string>& rows) {
+  QStringList texts;
+  for (const auto& row : rows) texts << ToQString(row);
+  QStringList current;
+  for (int i = 0; i < list->count(); ++i) current << list->item(i)->text();
+  if (current == texts) return;
+  list->clear();
+  list->addItems(texts);
+}
+
+}  // namespace
+
+Form1::Form1(Session& session, UserPrompts& prompts, QWidget* parent)
+    : QMainWindow(parent), session_(session), prompts_(prompts), controller_(session, prompts) {
+  setObjectName("Form1");
+  setWindowTitle(kProgramTitle);
+  BuildControls();
+  BuildMenus();
+  Connect();
+  Refresh();
+  resize(760, 560);
+}
+
+void Form1::BuildControls() {
+  auto* central = new QWidget(this);
+  auto* layout = new QVBoxLayout(central);
+
+  frmSelectTestType = Named(new QGroupBox("SELECT PROCESSING OPTION", central), "frmSelectTestType");
+  auto* modes_layout = new QVBoxLayout(frmSelectTestType);
+  modes_ = new QButtonGroup(this);
+  auto option = [&](const char* name, const QString& caption) {
+    auto* button = Named(new QRadioButton(caption, frmSelectTestType), name);
+    modes_layout->addWidget(button);
+    modes_->addButton(button);
+    return button;
+  };
+  optProcessSounding = option("optProcessSounding", "PROCESS SOUNDING");
+  optProcessSoundingsBatch = option("optProcessSoundingsBatch", "PROCESS MULTIPLE SOUNDINGS");
+  optProcessDissipations = option("optProcessDissipations", "PROCESS DISSIPATIONS");
+  optProcessSeismic = option("optProcessSeismic", "PROCESS SEISMIC");
+  optProcessVideo = option("optProcessVideo", "PROCESS VIDEO");
+  optProcessVerification = option("optProcessVerification", "PROCESS VERIFICATION");
+  layout->addWidget(frmSelectTestType);
+
+  frmSelectSoundingChannels =
+      Named(new QGroupBox("SELECT CHANNELS", central), "frmSelectSoundingChannels");
+  auto* channels_layout = new QVBoxLayout(frmSelectSoundingChannels);
+  lblSoundingInfo = Named(new QLabel(frmSelectSoundingChannels), "lblSoundingInfo");
+  lblSoundingInfo->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  channels_layout->addWidget(lblSoundingInfo);
+  auto* lists = new QHBoxLayout;
+  auto* available_box = new QVBoxLayout;
+  available_box->addWidget(new QLabel("AVAILABLE CHANNELS"));
+  lstAvailableChannels = Named(new QListWidget(frmSelectSoundingChannels), "lstAvailableChannels");
+  available_box->addWidget(lstAvailableChannels);
+  auto* selected_box = new QVBoxLayout;
+  selected_box->addWidget(new QLabel("SELECTED CHANNELS"));
+  lstSelectedChannels = Named(new QListWidget(frmSelectSoundingChannels), "lstSelectedChannels");
+  selected_box->addWidget(lstSelectedChannels);
+  lists->addLayout(available_box);
+  lists->addLayout(selected_box);
+  channels_layout->addLayout(lists);
+  chkPiezoFilterPresent = Named(new QCheckBox("PIEZO FILTER PRESENT", frmSelectSoundingChannels),
+                                "chkPiezoFilterPresent");
+  channels_layout->addWidget(chkPiezoFilterPresent);
+  auto* buttons = new QHBoxLayout;
+  auto button = [&](const char* name, const QString& caption) {
+    auto* b = Named(new QPushButton(caption, frmSelectSoundingChannels), name);
+    buttons->addWidget(b);
+    return b;
+  };
+  cmdPlotSounding = button("cmdPlotSounding", "PLOT");
+  cmdListSounding = button("cmdListSounding", "LIST");
+  cmdListECP = button("cmdListECP", "ECP LIST");
+  cmdEditSounding = button("cmdEditSounding", "EDIT");
+  cmdSetWaterTableDepth = button("cmdSetWaterTableDepth", "WATER TABLE");
+  cmdClearSelection = button("cmdClearSelection", "CLEAR SELECTION");
+  cmdSoundingDone = button("cmdSoundingDone", "DONE");
+  channels_layout->addLayout(buttons);
+  layout->addWidget(frmSelectSoundingChannels);
+  setCentralWidget(central);
+}
+
+QAction* Form1::AddMenuAction(QMenu* menu, const char* name, const QString& caption) {
+  QAction* action = menu->addAction(caption);
+  action->setObjectName(name);
+  return action;
+}
+
+void Form1::BuildMenus() {
+  QMenu* file = menuBar()->addMenu("&File");
+  file->setObjectName("mnuFile");
+  mnuAddData = AddMenuAction(file, "mnuAddData", "&Add Data...");
+  file->addSeparator();
+  mnuExit = AddMenuAction(file, "mnuExit", "E&xit");
+
+  QMenu* settings = menuBar()->addMenu("&Settings");
+  settings->setObjectName("mnuSettings");
+  QMenu* selection = settings->addMenu("Sounding &Selection");
+  selection->setObjectName("mnuSoundingSelection");
+  mnuSingleTest = AddMenuAction(selection, "mnuSingleTest", "&Single Test");
+  mnuMultipleTests = AddMenuAction(selection, "mnuMultipleTests", "&Multiple Tests");
+  mnuSingleTest->setCheckable(true);
+  mnuMultipleTests->setCheckable(true);
+  mnuChannelUnitsFormats = AddMenuAction(settings, "mnuChannelUnitsFormats", "Channel &Units and Formats...");
+  mnuGeneralSettings = AddMenuAction(settings, "mnuGeneralSettings", "&General Settings...");
+  QMenu* print = settings->addMenu("&Print Settings");
+  print->setObjectName("mnuPrintSettings");
+  mnuSoundingPrintSettings = AddMenuAction(print, "mnuSoundingPrintSettings", "&Sounding...");
+  mnuDissipationPrintSettings = AddMenuAction(print, "mnuDissipationPrintSettings", "&Dissipation...");
+  mnuSeismicPrintSettings = AddMenuAction(print, "mnuSeismicPrintSettings", "S&eismic...");
+  QMenu* templates = settings->addMenu("&Templates");
+  templates->setObjectName("mnuTemplates");
+  mnuSelectTemplate = AddMenuAction(templates, "mnuSelectTemplate", "&Select Template...");
+  mnuSaveTemplate = AddMenuAction(templates, "mnuSaveTemplate", "Sa&ve Template...");
+
+  QMenu* view = menuBar()->addMenu("&View");
+  view->setObjectName("mnuView");
+  mnuClassificationChart = AddMenuAction(view, "mnuClassificationChart", "&Classification Chart");
+
+  QMenu* help = menuBar()->addMenu("&Help");
+  help->setObjectName("mnuHelp");
+  mnuAbout = AddMenuAction(help, "mnuAbout", "&About Marlview");
+}
+
+void Form1::Handle(const char* source, const std::function<void()>& handler) {
+  RunGuarded(prompts_, source, handler);
+  Refresh();
+}
+
+void Form1::Connect() {
+  auto mode = [this](QRadioButton* button, ProcessingMode which, const char* source) {
+    connect(button, &QRadioButton::clicked, this,
+            [this, which, source] { Handle(source, [&] { controller_.ChooseMode(which); }); });
+  };
+  mode(optProcessSounding, ProcessingMode::kSounding, "optProcessSounding_Click");
+  mode(optProcessSoundingsBatch, ProcessingMode::kSoundingsBatch, "optProcessSoundingsBatch_Click");
+  mode(optProcessDissipations, ProcessingMode::kDissipations, "optProcessDissipations_Click");
+  mode(optProcessSeismic, ProcessingMode::kSeismic, "optProcessSeismic_Click");
+  mode(optProcessVideo, ProcessingMode::kVideo, "optProcessVideo_Click");
+  mode(optProcessVerification, ProcessingMode::kVerification, "optProcessVerification_Click");
+
+  connect(lstAvailableChannels, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
+    const int row = lstAvailableChannels->row(item);
+    Handle("lstAvailableChannels_Click", [&] { controller_.ClickAvailableChannel(row); });
+  });
+  connect(cmdClearSelection, &QPushButton::clicked, this,
+          [this] { Handle("cmdClearSelection_Click", [&] { controller_.ClearSelection(); }); });
+  connect(cmdPlotSounding, &QPushButton::clicked, this,
+          [this] { Handle("cmdPlotSounding_Click", [&] { controller_.PlotSounding(); }); });
+  connect(cmdListSounding, &QPushButton::clicked, this,
+          [this] { Handle("cmdListSounding_Click", [&] { controller_.ListSounding(); }); });
+  connect(cmdListECP, &QPushButton::clicked, this,
+          [this] { Handle("cmdListECP_Click", [&] { controller_.ListEcp(); }); });
+  connect(cmdEditSounding, &QPushButton::clicked, this,
+          [this] { Handle("cmdEditSounding_Click", [&] { controller_.EditSounding(); }); });
+  connect(cmdSetWaterTableDepth, &QPushButton::clicked, this,
+          [this] { Handle("cmdSetWaterTableDepth_Click", [&] { controller_.SetWaterTableDepth(); }); });
+  connect(cmdSoundingDone, &QPushButton::clicked, this, [this] {
+    // No window of a view exists yet in this version, so there is nothing to close here.
+    Handle("cmdSoundingDone_Click", [&] { controller_.SoundingDone([](ViewWindow) {}); });
+  });
+  connect(chkPiezoFilterPresent, &QCheckBox::clicked, this, [this](bool checked) {
+    Handle("chkPiezoFilterPresent_Click", [&] { controller_.SetPiezoFilterPresent(checked); });
+  });
+
+  connect(mnuAddData, &QAction::triggered, this,
+          [this] { Handle("mnuAddData_Click", [&] { controller_.AddData(); }); });
+  connect(mnuExit, &QAction::triggered, this, &QMainWindow::close);
+  connect(mnuSingleTest, &QAction::triggered, this,
+          [this] { Handle("mnuSingleTest_Click", [&] { controller_.SetSingleTest(); }); });
+  connect(mnuMultipleTests, &QAction::triggered, this,
+          [this] { Handle("mnuMultipleTests_Click", [&] { controller_.SetMultipleTests(); }); });
+  auto later = [this](QAction* action, const char* what) {
+    connect(action, &QAction::triggered, this,
+            [this, what] { Handle("Form1", [&] { controller_.NotAvailable(what); }); });
+  };
+  later(mnuChannelUnitsFormats, "The channel units and formats dialog");
+  later(mnuGeneralSettings, "The general settings dialog");
+  later(mnuSoundingPrintSettings, "The sounding print settings");
+  later(mnuDissipationPrintSettings, "The dissipation print settings");
+  later(mnuSeismicPrintSettings, "The seismic print settings");
+  later(mnuSelectTemplate, "Selecting a template");
+  later(mnuSaveTemplate, "Saving a template");
+  later(mnuClassificationChart, "The soil classification chart");
+  connect(mnuAbout, &QAction::triggered, this,
+          [this] { Handle("mnuAbout_Click", [&] { prompts_.Tell(kProgramTitle); }); });
+}
+
+void Form1::Refresh() {
+  const ShellView& view = controller_.View();
+  frmSelectTestType->setVisible(view.test_type_visible);
+  frmSelectSoundingChannels->setVisible(view.sounding_frame_visible);
+  lstAvailableChannels->setVisible(view.available_list_visible);
+  FillList(lstAvailableChannels, view.available_rows);
+  FillList(lstSelectedChannels, view.selected_rows);
+  cmdPlotSounding->setEnabled(view.plot_enabled);
+  cmdListSounding->setEnabled(view.list_enabled);
+  cmdEditSounding->setVisible(view.edit_visible);
+  lblSoundingInfo->setText(ToQString(view.sounding_info));
+  {
+    const QSignalBlocker block(chkPiezoFilterPresent);
+    chkPiezoFilterPresent->setChecked(view.piezo_checked);
+  }
+  const std::pair<QRadioButton*, ProcessingMode> options[] = {
+      {optProcessSounding, ProcessingMode::kSounding},
+      {optProcessSoundingsBatch, ProcessingMode::kSoundingsBatch},
+      {optProcessDissipations, ProcessingMode::kDissipations},
+      {optProcessSeismic, ProcessingMode::kSeismic},
+      {optProcessVideo, ProcessingMode::kVideo},
+      {optProcessVerification, ProcessingMode::kVerification},
+  };
+  modes_->setExclusive(false);
+  for (const auto& [button, which] : options) button->setChecked(view.checked_mode == which);
+  modes_->setExclusive(true);
+  mnuAddData->setEnabled(session_.SoundingOpen);
+  mnuSingleTest->setChecked(session_.SoundingSelectionMode == 0);
+  mnuMultipleTests->setChecked(session_.SoundingSelectionMode == 1);
+}
+
+}  // namespace marlview

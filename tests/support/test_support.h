@@ -1,0 +1,100 @@
+// Helpers shared by the core tests: a fresh data directory, sessions, DAT files built in code,
+// failure expectations and golden files.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/common/runtime_failure.h"
+#include "core/common/user_prompts.h"
+#include "core/shell/session.h"
+
+namespace marlview::test {
+
+// A data directory of its own for each test, removed afterwards.
+class TempDirectory {
+ public:
+  TempDirectory();
+  ~TempDirectory();
+  TempDirectory(const TempDirectory&) = delete;
+  TempDirectory& operator=(const TempDirectory&) = delete;
+  const std::string& Path() const { return path_; }
+  std::string File(const std::string& name) const { return path_ + "/" + name; }
+  void Write(const std::string& name, const std::string& bytes) const;
+
+ private:
+  std::string path_;
+};
+
+std::string DefaultsDirectory();
+std::string SamplesDirectory();
+std::string ReadSample(const std::string& name);
+
+// A session on a fresh data directory, started as the program starts.
+struct TestSession {
+  TestSession();
+  TempDirectory data;
+  std::unique_ptr<Session> session;
+  ScriptedPrompts prompts;
+};
+
+// One channel of a DAT file built in a test.
+struct DatChannel {
+  std::string sensor;
+  float baseline = 0;
+  std::vector<float> cal{5000, 1, 1, 0, 0};
+  std::vector<float> unit_factors{0, 0, 1, 0, 0};
+  float offset = 0;
+  std::string default_units = "psi";
+  std::string display_units = "psi";
+  std::string conv_factor = "1.000000E+000";
+};
+
+// Writes the DAT layouts the way the field systems do, line by line; tests then change lines.
+struct DatFile {
+  int family = 1;
+  std::string version = "KORVAN FILE VER: 08.05.2015";
+  std::string product = "QRD FIELDBOX CPT ACQUISITION";
+  std::string operator_crew = "J. Ferreira | D. Okafor => Operator / Crew";
+  std::string gps = "49.2031N,122.9157W,4.2,9,2  => GPS Data (Lat, Lon, Elev, NSat, Qual)";
+  std::string water_table = "2.40 => Water Table Depth (m)";
+  std::string tip = "Conventional => Tip Configuration";
+  std::string sample = "20(mm) => Depth Increment";
+  std::string test_depth = "0.00 => Test Depth (m)";
+  std::vector<std::string> extra_header{" ", " "};
+  std::vector<DatChannel> channels;
+  // Depth (family 1) then one raw value per channel.
+  std::vector<std::vector<double>> rows;
+  std::vector<double> end_baseline;
+
+  bool HasWaterTableLine() const { return family == 1 && version.find("08.05.2015") != std::string::npos; }
+  std::vector<std::string> Lines() const;
+  std::string Bytes() const;
+};
+
+// A family 1 file of tip, sleeve and pore pressure with simple calibrations: the engineering value
+// in psi equals the raw value times 1000 for the pressures.
+DatFile SimpleDat(int readings);
+std::string DataLine(const DatFile& file, const std::vector<double>& row);
+std::string RawField(double value);
+std::string Cell(const std::string& text);
+
+// Compares actual with tests/data/<relative>; MARLVIEW_UPDATE_GOLDEN=1 rewrites it and fails.
+void ExpectGolden(const std::string& actual, const std::string& relative);
+
+}  // namespace marlview::test
+
+// Expects statement to throw the run-time failure number from source.
+#define EXPECT_FAILURE(statement, expected_number, expected_source)                         \
+  do {                                                                                      \
+    try {                                                                                   \
+      statement;                                                                            \
+      ADD_FAILURE() << "no run-time failure from " #statement;                             \
+    } catch (const ::marlview::RuntimeFailure& failure_) {                                   \
+      EXPECT_EQ(failure_.number, (expected_number)) << ::marlview::GeneralErrorText(failure_); \
+      EXPECT_EQ(failure_.source, (expected_source));                                        \
+    }                                                                                       \
+  } while (false)
