@@ -41,8 +41,12 @@ void TempDirectory::Write(const std::string& name, const std::string& bytes) con
   out << bytes;
 }
 
-std::string DefaultsDirectory() { return EnvironmentOr("MARLVIEW_DEFAULTS_DIR", "data/defaults"); }
-std::string SamplesDirectory() { return EnvironmentOr("MARLVIEW_SAMPLES_DIR", "data/samples"); }
+std::string DefaultsDirectory() {
+  return EnvironmentOr("MARLVIEW_DEFAULTS_DIR", MARLVIEW_SOURCE_DATA_DIR "/defaults");
+}
+std::string SamplesDirectory() {
+  return EnvironmentOr("MARLVIEW_SAMPLES_DIR", MARLVIEW_SOURCE_DATA_DIR "/samples");
+}
 std::string ReadSample(const std::string& name) { return ReadWholeFile(SamplesDirectory() + "/" + name); }
 
 TestSession::TestSession()
@@ -163,7 +167,7 @@ DatFile SimpleDat(int readings) {
 }
 
 void ExpectGolden(const std::string& actual, const std::string& relative) {
-  const std::string path = EnvironmentOr("MARLVIEW_TEST_DATA", "tests/data") + "/" + relative;
+  const std::string path = EnvironmentOr("MARLVIEW_TEST_DATA", MARLVIEW_TEST_DATA_DIR) + "/" + relative;
   if (std::getenv("MARLVIEW_UPDATE_GOLDEN") != nullptr) {
     WriteFileAtomically(path, actual);
     ADD_FAILURE() << "rewrote " << path << ": review the change and run again without MARLVIEW_UPDATE_GOLDEN";

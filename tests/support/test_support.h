@@ -75,8 +75,8 @@ struct DatFile {
   std::string Bytes() const;
 };
 
-// A family 1 file of tip, sleeve and pore pressure with simple calibrations: the engineering value
-// in psi equals the raw value times 1000 for the pressures.
+// A family 1 file of tip, sleeve and pore pressure with unit calibrations: each pressure in psi
+// equals its raw value.
 DatFile SimpleDat(int readings);
 std::string DataLine(const DatFile& file, const std::vector<double>& row);
 std::string RawField(double value);

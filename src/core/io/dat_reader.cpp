@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <initializer_list>
+#include <vector>
 
 #include "core/common/file_access.h"
 #include "core/common/line_cursor.h"
@@ -37,7 +37,7 @@ constexpr std::string_view kWaterTableVersion = "08.05.2015";
 
 // One row of the sensor identification table; cells are tested in table order, first match wins.
 struct SensorRule {
-  std::initializer_list<std::string_view> words;
+  std::vector<std::string_view> words;
   // nullptr: the name as the file spells it.
   const char* name;
   // nullptr: the same as the name.

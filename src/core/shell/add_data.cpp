@@ -40,7 +40,9 @@ class FieldReader {
     return field;
   }
 
-  double Number() {
+  // Depths and values are 32-bit, as the sounding's own depths, so that a boundary read from the
+  // file equals the depth of the reading it names.
+  float Number() {
     SkipBlanks();
     if (at_ >= bytes_.size()) Fail(kErrPastEndOfFile);
     const size_t start = at_;
@@ -50,7 +52,7 @@ class FieldReader {
     }
     const std::string_view token = bytes_.substr(start, at_ - start);
     EndField(true);
-    return token.empty() ? 0 : StrictNumber(token);
+    return token.empty() ? 0.0f : static_cast<float>(StrictNumber(token));
   }
 
   // The rest of the current line, as a "Line Input" takes it.
@@ -100,25 +102,25 @@ void ReadInterpolatedChannel(SoundingStore& s, FieldReader& fields, int c) {
   fields.Text();  // a field the crews' files carry and nothing reads
   const int n = s.ReadingCount;
   bool first = true;
-  double d1 = 0, v1 = 0;
+  float d1 = 0, v1 = 0;
   while (!fields.AtEnd()) {
-    const double d2 = fields.Number();
-    const double v2 = fields.Number();
+    const float d2 = fields.Number();
+    const float v2 = fields.Number();
     if (first) {
-      s.ChannelDataStart[c] = static_cast<float>(d2);
+      s.ChannelDataStart[c] = d2;
       first = false;
     } else if (d2 != d1) {
       for (int r = 1; r <= n; ++r) {
-        const double depth = s.DepthTable(r, 1);
+        const float depth = s.DepthTable(r, 1);
         if (depth >= d1 && depth < d2) {
-          SetAllKinds(s, r, c, static_cast<float>((depth - d1) * (v2 - v1) / (d2 - d1) + v1));
+          SetAllKinds(s, r, c, static_cast<float>((depth - d1) * (double{v2} - v1) / (d2 - d1) + v1));
         }
       }
     }
     d1 = d2;
     v1 = v2;
   }
-  s.ChannelDataEnd[c] = static_cast<float>(d1);
+  s.ChannelDataEnd[c] = d1;
   for (int r = 1; r <= n; ++r) {
     if (s.DepthTable(r, 1) > d1 + s.DepthInterval) SetAllKinds(s, r, c, kMissingValue);
   }
@@ -135,21 +137,21 @@ void ReadStepChannel(Session& session, FieldReader& fields, int c, const std::st
   const bool velocities_in_feet = EndsWithNoCase(path, "vss") && session.DepthUnitIsMetric != 1;
   if (velocities_in_feet) s.ChannelUnitLabel[c].fill("(ft/s)");
   bool first = true;
-  double last_to = 0;
+  float last_to = 0;
   while (!fields.AtEnd()) {
-    const double from = fields.Number();
-    const double to = fields.Number();
-    double value = fields.Number();
+    const float from = fields.Number();
+    const float to = fields.Number();
+    float value = fields.Number();
     if (velocities_in_feet) value *= session.FeetPerMetre;
-    if (first) s.ChannelDataStart[c] = static_cast<float>(from);
+    if (first) s.ChannelDataStart[c] = from;
     first = false;
     for (int r = 1; r <= n; ++r) {
-      const double depth = s.DepthTable(r, 1);
-      if (depth >= from && depth <= to) SetAllKinds(s, r, c, static_cast<float>(value));
+      const float depth = s.DepthTable(r, 1);
+      if (depth >= from && depth <= to) SetAllKinds(s, r, c, value);
     }
     last_to = to;
   }
-  s.ChannelDataEnd[c] = static_cast<float>(last_to);
+  s.ChannelDataEnd[c] = last_to;
   for (int r = 1; r <= n; ++r) {
     if (s.DepthTable(r, 1) > last_to) SetAllKinds(s, r, c, kMissingValue);
   }

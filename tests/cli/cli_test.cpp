@@ -1,0 +1,111 @@
+// marlview-cli run in process: the JSON and CSV outputs, the exit statuses and the echoed prompts.
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "app/cli_commands.h"
+#include "support/test_support.h"
+
+namespace marlview {
+namespace {
+
+using test::DatFile;
+using test::SimpleDat;
+
+struct CliRun {
+  int status;
+  std::string out;
+  std::string err;
+};
+
+std::vector<std::string> Lines(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream in(text);
+  for (std::string line; std::getline(in, line);) lines.push_back(line);
+  return lines;
+}
+
+class CliTest : public ::testing::Test {
+ protected:
+  CliRun Run(std::vector<std::string> args) {
+    args.insert(args.begin(), {"--data-dir", settings_.Path()});
+    std::ostringstream out, err;
+    const int status = RunCli(args, out, err);
+    return {status, out.str(), err.str()};
+  }
+  std::string Write(const std::string& name, const std::string& bytes) {
+    files_.Write(name, bytes);
+    return files_.File(name);
+  }
+
+  test::TempDirectory settings_;
+  test::TempDirectory files_;
+};
+
+TEST_F(CliTest, InfoPrintsTheWholeSounding) {
+  const CliRun run = Run({"info", Write("SMALL.DAT", SimpleDat(3).Bytes())});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "");
+  test::ExpectGolden(run.out, "cli/info_simple.expected.json");
+}
+
+TEST_F(CliTest, ChannelsWritesTheTableInEachView) {
+  const std::string file = Write("SMALL.DAT", SimpleDat(3).Bytes());
+  const CliRun aligned = Run({"channels", file});
+  ASSERT_EQ(aligned.status, 0) << aligned.err;
+  const auto lines = Lines(aligned.out);
+  ASSERT_EQ(lines.size(), 4u);
+  EXPECT_EQ(lines[0], "Depth (m),Tip Resistance (Qc),Sleeve Friction,Pore Pressure U2");
+  EXPECT_EQ(lines[1], "0.02,101,2,10");
+
+  EXPECT_EQ(Lines(Run({"channels", "--raw", file}).out).at(1), "0.02,0.101,0.002,0.01");
+  EXPECT_EQ(Lines(Run({"channels", "--kind", "1", file}).out).at(1), "0.02,101,2,10");
+
+  const auto feet = Lines(Run({"--feet", "channels", file}).out);
+  EXPECT_EQ(feet.at(0), "Depth (ft),Tip Resistance (Qc),Sleeve Friction,Pore Pressure U2");
+  EXPECT_EQ(feet.at(1).substr(0, feet.at(1).find(',')), "0.0656168");
+}
+
+TEST_F(CliTest, BadUsageExitsWithTwoAndTheUsage) {
+  const std::string file = Write("SMALL.DAT", SimpleDat(3).Bytes());
+  const std::vector<std::vector<std::string>> cases = {
+      {"--colour", "info", file}, {"info"}, {"plot", file}, {"info", "--raw", file}, {"channels", "--kind", "5", file}};
+  for (const auto& args : cases) {
+    const CliRun run = Run(args);
+    EXPECT_EQ(run.status, 2) << args.front();
+    EXPECT_EQ(run.out, "");
+    EXPECT_TRUE(run.err.starts_with("marlview-cli: ")) << run.err;
+    EXPECT_NE(run.err.find("\nusage: marlview-cli "), std::string::npos) << run.err;
+  }
+}
+
+TEST_F(CliTest, AFileThatCannotBeReadExitsWithOne) {
+  const CliRun text = Run({"info", Write("NOTES.DAT", "Borehole notes\r\nno readings here\r\n")});
+  EXPECT_EQ(text.status, 1);
+  EXPECT_EQ(text.out, "");
+  EXPECT_EQ(text.err, "! NOTES.DAT is not a valid DAT file\n");
+
+  const CliRun missing = Run({"channels", files_.File("GONE.DAT")});
+  EXPECT_EQ(missing.status, 1);
+  EXPECT_EQ(missing.out, "");
+  EXPECT_EQ(missing.err, "! Marlview has encountered an error: Error #53: 'File not found' from 'OpenDatSounding'\n");
+}
+
+TEST_F(CliTest, StartDepthWithoutAUnitIsAnsweredFromTheOption) {
+  DatFile dat = SimpleDat(3);
+  dat.test_depth = "1.50 => Test Depth";
+  const std::string file = Write("DEEP.DAT", dat.Bytes());
+
+  const CliRun feet = Run({"--start-depth-unit", "ft", "info", file});
+  ASSERT_EQ(feet.status, 0) << feet.err;
+  EXPECT_EQ(feet.err, "? Start Depth of 1.5 is detected. Is this value in meters? -> No\n");
+  EXPECT_FLOAT_EQ(nlohmann::json::parse(feet.out)["startDepth"].get<float>(), 1.5f / kFeetPerMetre);
+
+  const CliRun metres = Run({"info", file});
+  EXPECT_EQ(metres.err, "? Start Depth of 1.5 is detected. Is this value in meters? -> Yes\n");
+  EXPECT_EQ(nlohmann::json::parse(metres.out)["startDepth"].get<double>(), 1.5);
+}
+
+}  // namespace
+}  // namespace marlview
