@@ -1,1 +1,43 @@
-int main(){}
+// How long a DAT sounding takes to read: the demo sounding, and a full store of 10000 readings.
+#include <benchmark/benchmark.h>
+
+#include "core/io/dat_reader.h"
+#include "support/test_support.h"
+
+namespace marlview {
+namespace {
+
+void ReadBytes(benchmark::State& state, const std::string& bytes) {
+  test::TestSession t;
+  t.session->DuplicateDepthCheck = 0;
+  for (auto _ : state) {
+    const ReadOutcome outcome =
+        ReadDatSounding(bytes, "/bench/CPT-BENCH.DAT", *t.session, t.session->SpareStore(), t.prompts);
+    benchmark::DoNotOptimize(outcome);
+  }
+  state.SetBytesProcessed(static_cast<int64_t>(state.iterations()) * static_cast<int64_t>(bytes.size()));
+}
+
+void BM_ReadDemoSounding(benchmark::State& state) { ReadBytes(state, test::ReadSample("CPT-A01.DAT")); }
+BENCHMARK(BM_ReadDemoSounding)->Unit(benchmark::kMillisecond);
+
+// 10000 readings of 20 channels, each channel offset behind the tip so that every one is aligned.
+void BM_ReadFullSounding(benchmark::State& state) {
+  test::DatFile file = test::SimpleDat(0);
+  for (int c = 4; c <= 20; ++c) {
+    file.channels.push_back({.sensor = "Pore Pressure " + std::to_string(c), .offset = 0.01f * static_cast<float>(c)});
+  }
+  file.channels[0].sensor = "Tip";
+  for (int r = 1; r <= kMaxReadings; ++r) {
+    std::vector<double> row{0.01 * r};
+    for (int c = 1; c <= 20; ++c) row.push_back(0.001 * ((r * c) % 997));
+    file.rows.push_back(std::move(row));
+  }
+  ReadBytes(state, file.Bytes());
+}
+BENCHMARK(BM_ReadFullSounding)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace marlview
+
+BENCHMARK_MAIN();

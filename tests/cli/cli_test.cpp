@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "app/cli_commands.h"
+#include "core/model/catalogue.h"
 #include "support/test_support.h"
 
 namespace marlview {
@@ -57,20 +58,31 @@ TEST_F(CliTest, ChannelsWritesTheTableInEachView) {
   const auto lines = Lines(aligned.out);
   ASSERT_EQ(lines.size(), 4u);
   EXPECT_EQ(lines[0], "Depth (m),Tip Resistance (Qc),Sleeve Friction,Pore Pressure U2");
-  EXPECT_EQ(lines[1], "0.02,101,2,10");
-
+  // Psi as read; the sleeve sits 3 in behind the tip, past the last of these readings once aligned.
+  EXPECT_EQ(lines[1], "0.02,0.101,0,0.01");
+  EXPECT_EQ(lines[3], "0.06,0.103,0,0.03");
   EXPECT_EQ(Lines(Run({"channels", "--raw", file}).out).at(1), "0.02,0.101,0.002,0.01");
-  EXPECT_EQ(Lines(Run({"channels", "--kind", "1", file}).out).at(1), "0.02,101,2,10");
+
+  // The text output (kind 1) of the tip in kPa, every other output in psi.
+  ChannelChoices choices;
+  choices.UseUnitsFromFile = 0;
+  choices.UnitChoice[kTxtOutput][1] = 2;
+  settings_.Write("Display Units.txt", WriteDisplayUnits(choices));
+  EXPECT_EQ(Lines(Run({"channels", file}).out).at(1), "0.02,0.101,0,0.01");
+  EXPECT_EQ(Lines(Run({"channels", "--kind", "1", file}).out).at(1), "0.02,0.6963705,0,0.01");
 
   const auto feet = Lines(Run({"--feet", "channels", file}).out);
   EXPECT_EQ(feet.at(0), "Depth (ft),Tip Resistance (Qc),Sleeve Friction,Pore Pressure U2");
-  EXPECT_EQ(feet.at(1).substr(0, feet.at(1).find(',')), "0.0656168");
+  EXPECT_NEAR(std::stod(feet.at(1)), 0.02 / 0.3048, 1e-6);
 }
 
 TEST_F(CliTest, BadUsageExitsWithTwoAndTheUsage) {
   const std::string file = Write("SMALL.DAT", SimpleDat(3).Bytes());
-  const std::vector<std::vector<std::string>> cases = {
-      {"--colour", "info", file}, {"info"}, {"plot", file}, {"info", "--raw", file}, {"channels", "--kind", "5", file}};
+  const std::vector<std::vector<std::string>> cases = {{"--colour", "info", file},
+                                                       {"info"},
+                                                       {"plot", file},
+                                                       {"info", "--raw", file},
+                                                       {"channels", "--kind", "5", file}};
   for (const auto& args : cases) {
     const CliRun run = Run(args);
     EXPECT_EQ(run.status, 2) << args.front();
@@ -89,7 +101,8 @@ TEST_F(CliTest, AFileThatCannotBeReadExitsWithOne) {
   const CliRun missing = Run({"channels", files_.File("GONE.DAT")});
   EXPECT_EQ(missing.status, 1);
   EXPECT_EQ(missing.out, "");
-  EXPECT_EQ(missing.err, "! Marlview has encountered an error: Error #53: 'File not found' from 'OpenDatSounding'\n");
+  EXPECT_EQ(missing.err,
+            "! Marlview has encountered an error: Error #53: 'File not found' from 'OpenDatSounding'\n");
 }
 
 TEST_F(CliTest, StartDepthWithoutAUnitIsAnsweredFromTheOption) {

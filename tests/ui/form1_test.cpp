@@ -1,5 +1,7 @@
 // Drives the real main window offscreen: the processing options, the channel lists, the sounding
 // buttons and the menus, with the prompts answered from a script.
+#include "ui/shell/form1.h"
+
 #include <QAction>
 #include <QCheckBox>
 #include <QGroupBox>
@@ -9,12 +11,10 @@
 #include <QRadioButton>
 #include <QStyleOptionButton>
 #include <QtTest>
-
 #include <memory>
 
 #include "core/common/file_access.h"
 #include "support/test_support.h"
-#include "ui/shell/form1.h"
 
 using marlview::Form1;
 using marlview::test::TestSession;
@@ -114,7 +114,7 @@ class Form1Test : public QObject {
     ClickOption("optProcessSeismic");
     QVERIFY(!Control<QRadioButton>("optProcessSeismic")->isChecked());
     QVERIFY(OnOptions());
-    QCOMPARE(Log().size(), 1);
+    QCOMPARE(Log(), QStringList{"! Seismic processing is not available in this version of Marlview yet."});
   }
 
   void opensASoundingAndListsItsChannels() {
@@ -159,7 +159,8 @@ class Form1Test : public QObject {
     for (int row = 0; row < 6; ++row) ClickRow(row);
     t_->prompts.ClearLog();
     QTest::mouseClick(Control<QPushButton>("cmdPlotSounding"), Qt::LeftButton);
-    QCOMPARE(Log(), QStringList{"! The sounding plot window is not available in this version of Marlview yet."});
+    QCOMPARE(Log(),
+             QStringList{"! The sounding plot window is not available in this version of Marlview yet."});
     ClickRow(6);
     t_->prompts.ClearLog();
     QTest::mouseClick(Control<QPushButton>("cmdPlotSounding"), Qt::LeftButton);
@@ -222,11 +223,13 @@ class Form1Test : public QObject {
     Control<QAction>("mnuMultipleTests")->trigger();
     QCOMPARE(t_->session->SoundingSelectionMode, int16_t{1});
     QCOMPARE(Q(marlview::ReadWholeFile(path)), Q(marlview::NumberLine(1)));
-    QVERIFY(Control<QAction>("mnuMultipleTests")->isChecked() && !Control<QAction>("mnuSingleTest")->isChecked());
+    QVERIFY(Control<QAction>("mnuMultipleTests")->isChecked() &&
+            !Control<QAction>("mnuSingleTest")->isChecked());
     Control<QAction>("mnuSingleTest")->trigger();
     QCOMPARE(t_->session->SoundingSelectionMode, int16_t{0});
     QCOMPARE(Q(marlview::ReadWholeFile(path)), Q(marlview::NumberLine(0)));
-    QVERIFY(!Control<QAction>("mnuMultipleTests")->isChecked() && Control<QAction>("mnuSingleTest")->isChecked());
+    QVERIFY(!Control<QAction>("mnuMultipleTests")->isChecked() &&
+            Control<QAction>("mnuSingleTest")->isChecked());
     QVERIFY(Log().isEmpty());
   }
 
