@@ -281,6 +281,13 @@ TEST_F(DatReaderTest, PlainLayoutTakesDepthsFromTheRodAndDropsReadingsThatGoBack
   EXPECT_NEAR(store().DepthTable(3, 2), 3, 1e-5);
   EXPECT_NEAR(store().RawReadings(3, 1), 3, 1e-5);
   EXPECT_EQ(store().RawReadings(4, 1), 0);
+
+  // The start depth goes into the feet and once more into the metres.
+  file.test_depth = "0.50 => Test Depth";
+  t.prompts.Script({"Yes"});
+  ASSERT_EQ(Read(file), ReadOutcome::kLoaded);
+  EXPECT_NEAR(store().DepthTable(1, 2), 1.5, 1e-5);
+  EXPECT_NEAR(store().DepthTable(1, 1), 1.5 / kFeetPerMetre + 0.5, 1e-5);
 }
 
 TEST_F(DatReaderTest, ClosingBaselineExtraHeaderAndRowTails) {

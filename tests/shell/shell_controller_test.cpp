@@ -1,7 +1,6 @@
 // The main window's logic: modes, the open flow, the channel lists and their checks.
 #include <gtest/gtest.h>
 
-#include "core/common/file_access.h"
 #include "core/shell/shell_controller.h"
 #include "support/test_support.h"
 
@@ -75,17 +74,8 @@ TEST_F(ShellTest, NamesThatAreNotSoundingsTakeTheWayBack) {
   EXPECT_FALSE(t.session->SoundingOpen);
 }
 
-TEST_F(ShellTest, ChoosingAddsOrTakesOutAndTheButtonsFollow) {
+TEST_F(ShellTest, ListingNeedsASelection) {
   OpenSample("CPT-A01.DAT");
-  EXPECT_FALSE(controller.View().plot_enabled);
-  SelectRows({0, 2, 0});
-  EXPECT_EQ(controller.SelectedChannels(), std::vector<int>{3});
-  EXPECT_EQ(controller.View().selected_rows, std::vector<std::string>{"Pore Pressure U2"});
-  EXPECT_TRUE(controller.View().plot_enabled);
-  EXPECT_TRUE(controller.View().list_enabled);
-  controller.ClearSelection();
-  EXPECT_TRUE(controller.View().selected_rows.empty());
-  EXPECT_FALSE(controller.View().list_enabled);
   controller.ListSounding();
   EXPECT_EQ(t.prompts.Log().back(), "! Select parameter(s) first !");
 }
@@ -152,14 +142,6 @@ TEST_F(ShellTest, PiezoFilterMovesTheSleeveAndRealigns) {
   EXPECT_NEAR(s.ChannelOffset[2] - without, 0.245 / 12 / kFeetPerMetre, 1e-6);
   EXPECT_NE(s.AlignedReadings(10, KindColumn(2, kGraphOutput)), aligned);
   EXPECT_TRUE(controller.View().piezo_checked);
-}
-
-TEST_F(ShellTest, SelectionModeMenusWriteTheirFile) {
-  controller.SetSingleTest();
-  EXPECT_EQ(ReadWholeFile(t.session->SettingsPath("Sounding Selection Settings")), "0\r\n");
-  controller.SetMultipleTests();
-  EXPECT_EQ(ReadWholeFile(t.session->SettingsPath("Sounding Selection Settings")), "1\r\n");
-  EXPECT_EQ(t.session->SoundingSelectionMode, 1);
 }
 
 }  // namespace

@@ -37,6 +37,9 @@ TEST(Startup, SettingsFilesAreReadAndOnlyMissingOnesWritten) {
              "Coastline Geotechnical\r\nDelta Bridge\r\n2\r\n0\r\n0\r\n118.5\r\n1\r\n0.75\r\n1\r\n0.004\r\n1\r\n");
   data.Write("Ball Tip Area Calculation.txt", "1\r\n");
   data.Write("Export Labels Channel 3.txt", "FS\r\nSleeve friction\r\n");
+  std::string custom;
+  for (int line = 1; line <= 32; ++line) custom += "h" + std::to_string(line) + "\r\n";
+  data.Write("CUSTOM HEADERS.txt", custom);
   Session session({data.Path(), test::DefaultsDirectory()});
   ScriptedPrompts prompts;
   RunStartup(session, prompts);
@@ -52,12 +55,17 @@ TEST(Startup, SettingsFilesAreReadAndOnlyMissingOnesWritten) {
   EXPECT_EQ(session.BallAreaDoubled, 1);
   EXPECT_EQ(session.choices.LabelVariantCount[3], 2);
   EXPECT_EQ(session.choices.LabelVariants[2][3], "Sleeve friction");
+  // Row by row, each column's label then its value.
+  EXPECT_EQ(session.custom_headers.label[0][1], "h3");
+  EXPECT_EQ(session.custom_headers.value[3][3], "h32");
 }
 
 TEST(Startup, AShortSettingsFileIsReportedAndStartUpGoesOn) {
   test::TempDirectory data;
   data.Write("GENERAL SETTINGS.txt", "Coastline Geotechnical\r\nDelta Bridge\r\n2\r\n");
   data.Write("Ordered ECP Channels.txt", "1\r\n2\r\n");
+  data.Write("Q3MTL SEISMIC HEADERS.txt", "0\r\n1\r\n");
+  data.Write("Logo Settings.txt", "80\r\n90\r\n100\r\n100\r\n100\r\n10\r\n-20\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n");
   ChannelChoices choices;
   choices.UseUnitsFromFile = 0;
   data.Write("Display Units.txt", WriteDisplayUnits(choices));
@@ -66,11 +74,15 @@ TEST(Startup, AShortSettingsFileIsReportedAndStartUpGoesOn) {
   RunStartup(session, prompts);
   const std::vector<std::string> expected = {
       "! Marlview has encountered an error: Error #62: 'Input past end of file' from 'ReadGeneralSettings'",
+      "! Marlview has encountered an error: Error #62: 'Input past end of file' from 'ReadReportHeaders'",
       "! Marlview has encountered an error: Error #62: 'Input past end of file' from 'ReadOrderedEcpChannels'",
   };
   EXPECT_EQ(prompts.Log(), expected);
   EXPECT_EQ(session.general.CompanyGraphTitle, "") << "a file that fails keeps its defaults";
   EXPECT_EQ(session.choices.UseUnitsFromFile, 0) << "the files after it are still read";
+  EXPECT_FLOAT_EQ(session.logo.Scale[0], 80);
+  EXPECT_EQ(session.logo.Placement[1], -20);
+  EXPECT_EQ(session.report_header_lines.count("Q3MTL SEISMIC HEADERS.txt"), 0u);
 }
 
 }  // namespace

@@ -24,6 +24,33 @@ std::vector<double> ReadNumberLines(std::string_view bytes, int count) {
   return numbers;
 }
 
+std::vector<std::string> ReadTextLines(std::string_view bytes, int count) {
+  LineCursor lines(bytes);
+  std::vector<std::string> texts;
+  for (int i = 0; i < count; ++i) texts.emplace_back(lines.Next());
+  return texts;
+}
+
+CustomHeaders ReadCustomHeaders(std::string_view bytes) {
+  LineCursor lines(bytes);
+  CustomHeaders headers;
+  for (int row = 0; row < kCustomHeaderRows; ++row) {
+    for (int column = 0; column < kCustomHeaderColumns; ++column) {
+      headers.label[row][column] = std::string(lines.Next());
+      headers.value[row][column] = std::string(lines.Next());
+    }
+  }
+  return headers;
+}
+
+LogoSettings ReadLogoSettings(std::string_view bytes) {
+  const auto numbers = ReadNumberLines(bytes, 15);
+  LogoSettings logo;
+  for (size_t i = 0; i < logo.Scale.size(); ++i) logo.Scale[i] = static_cast<float>(numbers[i]);
+  for (size_t i = 0; i < logo.Placement.size(); ++i) logo.Placement[i] = ToSetting16(numbers[i + 5]);
+  return logo;
+}
+
 GeneralSettings ReadGeneralSettings(std::string_view bytes) {
   LineCursor lines(bytes);
   GeneralSettings s;

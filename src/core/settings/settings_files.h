@@ -47,6 +47,43 @@ inline constexpr int kMaxProbeDimensionRows = 1000;
 // Three heading lines, then rows of two texts and nine lengths in inches.
 std::vector<ProbeDimensions> ReadProbeDimensions(std::string_view bytes, float feet_per_metre);
 
+// "CUSTOM HEADERS.txt": four custom header rows, each with a label and a value for the sounding,
+// dissipation, seismic and video reports, written row by row, a label line then a value line.
+inline constexpr int kCustomHeaderRows = 4;
+inline constexpr int kCustomHeaderColumns = 4;
+struct CustomHeaders {
+  // [row][column]
+  std::array<std::array<std::string, kCustomHeaderColumns>, kCustomHeaderRows> label;
+  std::array<std::array<std::string, kCustomHeaderColumns>, kCustomHeaderRows> value;
+};
+CustomHeaders ReadCustomHeaders(std::string_view bytes);
+
+// "Logo Settings.txt": the logo's scale in percent for each of the five report kinds, then its
+// placement, x and y for each kind in turn.
+struct LogoSettings {
+  std::array<float, 5> Scale{100, 100, 100, 100, 100};
+  std::array<int16_t, 10> Placement{};
+};
+LogoSettings ReadLogoSettings(std::string_view bytes);
+
+// The report heading files of each family, kept as their lines until the report model reads them:
+// name and number of fields, in the order the main window reads them at start.
+struct ReportHeaderFile {
+  const char* name;
+  int fields;
+};
+inline constexpr ReportHeaderFile kSoundingHeaderFiles[] = {{"FIELDBOX SOUNDING HEADERS.txt", 49},
+                                                            {"Q3MTL SOUNDING HEADERS.txt", 49}};
+inline constexpr ReportHeaderFile kDissipationHeaderFiles[] = {{"FIELDBOX PP HEADERS.txt", 40},
+                                                               {"Q3MTL PP HEADERS.txt", 40}};
+inline constexpr ReportHeaderFile kSeismicHeaderFiles[] = {{"FIELDBOX SEISMIC HEADERS.txt", 22},
+                                                           {"Q3MTL SEISMIC HEADERS.txt", 22}};
+inline constexpr ReportHeaderFile kVideoHeaderFiles[] = {{"FIELDBOX OCPT HEADERS.txt", 14},
+                                                         {"Q3MTL OCPT HEADERS.txt", 14}};
+
+// The first count lines of a file; a shorter file fails with "Input past end of file".
+std::vector<std::string> ReadTextLines(std::string_view bytes, int count);
+
 // A file of one number a line; missing lines fail with "Input past end of file".
 std::vector<double> ReadNumberLines(std::string_view bytes, int count);
 // A 16-bit setting read leniently and rounded.

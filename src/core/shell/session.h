@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -63,6 +64,10 @@ class Session {
   GeneralSettings general;
   RodBreakSettings rod_break;
   std::vector<ProbeDimensions> probe_dimensions;
+  CustomHeaders custom_headers;
+  LogoSettings logo;
+  // The lines of each report heading file that was found, by file name.
+  std::map<std::string, std::vector<std::string>> report_header_lines;
 
   float FeetPerMetre = kFeetPerMetre;
   bool DecimalComma = false;

@@ -39,6 +39,15 @@ void WriteBackWhenMissing(Session& session, UserPrompts& prompts, const std::str
   }
 }
 
+// The two families' heading files of one report kind.
+void ReadReportHeaders(Session& session, UserPrompts& prompts, const ReportHeaderFile (&files)[2]) {
+  for (const ReportHeaderFile& file : files) {
+    ReadSetting(session, prompts, file.name, "ReadReportHeaders", [&](std::string_view b) {
+      session.report_header_lines[file.name] = ReadTextLines(b, file.fields);
+    });
+  }
+}
+
 }  // namespace
 
 void InstallMissingDefaults(const SessionPaths& paths) {
@@ -106,17 +115,29 @@ void RunStartup(Session& session, UserPrompts& prompts) {
                   session.LastPrintSettings[i] = ToSetting16(words[i]);
                 }
               });
+  ReadSetting(session, prompts, "CUSTOM HEADERS.txt", "ReadCustomHeaders",
+              [&](std::string_view b) { session.custom_headers = ReadCustomHeaders(b); });
+  ReadReportHeaders(session, prompts, kSoundingHeaderFiles);
+  ReadReportHeaders(session, prompts, kDissipationHeaderFiles);
+  ReadReportHeaders(session, prompts, kSeismicHeaderFiles);
   ReadSetting(session, prompts, "Ordered ECP Channels.txt", "ReadOrderedEcpChannels",
               [&](std::string_view b) {
                 std::vector<int16_t> order;
                 for (double n : ReadNumberLines(b, kOrderedEcpChannelLines)) order.push_back(ToSetting16(n));
                 session.OrderedEcpChannels = std::move(order);
               });
-  ReadSetting(session, prompts, "Display Units.txt", "ReadDisplayUnits",
-              [&](std::string_view b) { ReadDisplayUnits(session.choices, b); });
+  ReadSetting(session, prompts, "Display Units.txt", "ReadDisplayUnits", [&](std::string_view b) {
+    // A file that ends early keeps every choice as it was, not half of them.
+    ChannelChoices choices = session.choices;
+    ReadDisplayUnits(choices, b);
+    session.choices = std::move(choices);
+  });
+  ReadReportHeaders(session, prompts, kVideoHeaderFiles);
   ReadSetting(session, prompts, "Ball Tip Area Calculation.txt", "Form_Load", [&](std::string_view b) {
     session.BallAreaDoubled = ToSetting16(ReadNumberLines(b, 1)[0]);
   });
+  ReadSetting(session, prompts, "Logo Settings.txt", "ReadLogoSettings",
+              [&](std::string_view b) { session.logo = ReadLogoSettings(b); });
 }
 
 }  // namespace marlview

@@ -68,6 +68,7 @@ void Form1::BuildControls() {
   optProcessSeismic = option("optProcessSeismic", "PROCESS SEISMIC");
   optProcessVideo = option("optProcessVideo", "PROCESS VIDEO");
   optProcessVerification = option("optProcessVerification", "PROCESS VERIFICATION");
+  modes_layout->addStretch(1);
   layout->addWidget(frmSelectTestType);
 
   frmSelectSoundingChannels =
