@@ -108,6 +108,20 @@ TEST(UnitTables, FilesAndBuiltInGroups) {
   EXPECT_EQ(units.Name(2, kNoUnitsGroup), "");
 }
 
+TEST(UnitTables, MissingUnitFilesGiveTheInstalledTables) {
+  UnitTables installed, built_in;
+  SetupTYRChannels(installed, test::DefaultsDirectory(), kFeetPerMetre);
+  test::TempDirectory empty;
+  SetupTYRChannels(built_in, empty.Path(), kFeetPerMetre);
+  for (int group = kForceGroup; group <= kVolumeGroup; ++group) {
+    ASSERT_EQ(built_in.UnitCount[group], installed.UnitCount[group]) << group;
+    for (int unit = 1; unit <= installed.UnitCount[group]; ++unit) {
+      EXPECT_EQ(built_in.Name(unit, group), installed.Name(unit, group));
+      EXPECT_FLOAT_EQ(built_in.Factor(unit, group), installed.Factor(unit, group));
+    }
+  }
+}
+
 TEST(UnitTables, AUnitFileIsPairsOfNameAndFactorUpToTwenty) {
   UnitTables units;
   std::string bytes = "N\r\n1\r\nkN\r\n1000\r\nbad\r\nxyz\r\norphan";

@@ -30,6 +30,39 @@ void SetGroup(UnitTables& units, int group, const char* name,
   SetGroup(units, group, name, list, static_cast<int>(list.size()));
 }
 
+// The units of the five unit files as installed; a data directory without one of the files uses
+// these. Pressure rows 2, 11, 14 and 15 are kPa, tsf, psi and MPa, which the program relies on.
+void SetBuiltInFileGroup(UnitTables& units, int group) {
+  switch (group) {
+    case kForceGroup:
+      SetGroup(units, group, "FORCE",
+               {{"N", 1}, {"kN", 1000}, {"lbf", 4.4482216f}, {"kip", 4448.2216f}, {"kgf", 9.80665f},
+                {"tonf", 8896.4432f}});
+      break;
+    case kPressureGroup:
+      SetGroup(units, group, "PRESS",
+               {{"Pa", 0.001f}, {"kPa", 1}, {"bar", 100}, {"mbar", 0.1f}, {"kg/cm^2", 98.0665f},
+                {"kgf/cm^2", 98.0665f}, {"t/m^2", 9.80665f}, {"ksf", 47.880259f}, {"psf", 0.047880259f},
+                {"atm", 101.325f}, {"tsf", 95.760518f}, {"ksi", 6894.7573f}, {"kN/m^2", 1},
+                {"psi", 6.8947573f}, {"MPa", 1000}});
+      break;
+    case kLengthGroup:
+      SetGroup(units, group, "STRAIN",
+               {{"m", 1}, {"mm", 0.001f}, {"cm", 0.01f}, {"ft", 0.3048f}, {"in", 0.0254f}});
+      break;
+    case kAreaGroup:
+      SetGroup(units, group, "AREA",
+               {{"m^2", 1}, {"cm^2", 0.0001f}, {"mm^2", 0.000001f}, {"in^2", 0.00064516f},
+                {"ft^2", 0.09290304f}});
+      break;
+    case kVolumeGroup:
+      SetGroup(units, group, "VOLUME",
+               {{"m^3", 1}, {"cm^3", 0.000001f}, {"L", 0.001f}, {"in^3", 0.000016387064f},
+                {"ft^3", 0.028316847f}});
+      break;
+  }
+}
+
 }  // namespace
 
 const std::string& UnitTables::Name(int unit, int group) const {
@@ -62,10 +95,15 @@ void SetupTYRChannels(UnitTables& units, const std::string& data_directory, floa
       {kLengthGroup, "LengthUnits.txt"}, {kAreaGroup, "AreaUnits.txt"},
       {kVolumeGroup, "VolumeUnits.txt"},
   };
-  static constexpr const char* kGroupNames[] = {"FORCE", "PRESS", "STRAIN", "AREA", "VOLUME"};
   for (const auto& [group, file] : kFiles) {
-    units.UnitGroupName[group] = kGroupNames[group];
-    if (auto bytes = TryReadWholeFile(data_directory + "/" + file)) ReadUnitFile(units, group, *bytes);
+    SetBuiltInFileGroup(units, group);
+    if (auto bytes = TryReadWholeFile(data_directory + "/" + file)) {
+      for (int unit = 1; unit <= kMaxUnitsInGroup; ++unit) {
+        units.UnitNames[unit][group].clear();
+        units.UnitFactors[unit][group] = 0;
+      }
+      ReadUnitFile(units, group, *bytes);
+    }
   }
   SetGroup(units, kTemperatureGroup, "TEMP", {{"C", 1}, {"F", 1}, {"deg C", 1}, {"deg F", 1}});
   SetGroup(units, kVoltageGroup, "VOLTAGE", {{"V", 1}, {"Vdc", 1}, {"VDC", 1}});

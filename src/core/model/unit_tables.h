@@ -52,8 +52,8 @@ struct UnitTables {
   float Factor(int unit, int group) const;
 };
 
-// Fills the unit tables at start: groups 0..4 from the five unit files of the data directory
-// (a missing file leaves its group empty), the others built in.
+// Fills the unit tables at start: groups 0..4 from the five unit files of the data directory (a
+// missing file gives the installed table), the others built in.
 void SetupTYRChannels(UnitTables& units, const std::string& data_directory, float feet_per_metre);
 
 // Reads one unit file: pairs of lines, the unit's name then its factor, up to 20 units.
