@@ -14,6 +14,7 @@
 #include <memory>
 
 #include "core/common/file_access.h"
+#include "ui/common/qt_prompts.h"
 #include "support/test_support.h"
 
 using marlview::Form1;
@@ -231,6 +232,15 @@ class Form1Test : public QObject {
     QVERIFY(!Control<QAction>("mnuMultipleTests")->isChecked() &&
             Control<QAction>("mnuSingleTest")->isChecked());
     QVERIFY(Log().isEmpty());
+  }
+
+  void openDialogMatchesExtensionsInEitherCase() {
+    QString selected;
+    const QString filter = marlview::ToDialogFilter(
+        "PX DAS (*.CPT)|*.CPT|QRD FIELDBOX (*.DAT)|*.DAT|ALL SYSTEMS (*.CPT;*.DAT)|*.CPT;*.DAT", 2, &selected);
+    QCOMPARE(filter, QString("PX DAS (*.CPT *.cpt);;QRD FIELDBOX (*.DAT *.dat);;"
+                             "ALL SYSTEMS (*.CPT *.cpt *.DAT *.dat)"));
+    QCOMPARE(selected, QString("QRD FIELDBOX (*.DAT *.dat)"));
   }
 
   void doneAsksAboutAnOpenEditWindow() {
