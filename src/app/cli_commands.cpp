@@ -11,6 +11,7 @@
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
+#include "core/derivation/derived_channels.h"
 #include "core/shell/session.h"
 #include "core/shell/shell_controller.h"
 #include "core/shell/startup.h"
@@ -208,7 +209,15 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
   controller.ChooseMode(ProcessingMode::kSounding);
   if (!session.SoundingOpen) return 1;
   SoundingStore& s = session.Sounding();
-  if (options.water_table) s.WaterTableDepth = static_cast<float>(*options.water_table);
+  if (options.water_table) {
+    s.WaterTableDepth = static_cast<float>(*options.water_table);
+    try {
+      ComputeDerivedChannels(session, s.ChannelCount);
+    } catch (const RuntimeFailure& failure) {
+      prompts.Tell(GeneralErrorText(failure));
+      return 1;
+    }
+  }
   if (options.positional[0] == "info") {
     out << InfoJson(s).dump(2) << '\n';
   } else {

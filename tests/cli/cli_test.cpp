@@ -51,28 +51,38 @@ TEST_F(CliTest, InfoPrintsTheWholeSounding) {
   test::ExpectGolden(run.out, "cli/info_simple.expected.json");
 }
 
+// The first n fields of a CSV line: the measured channels, before the derived ones.
+std::string Head(const std::string& line, int n) {
+  size_t at = 0;
+  for (int i = 0; i < n && at != std::string::npos; ++i) at = line.find(',', at + 1);
+  return line.substr(0, at);
+}
+
 TEST_F(CliTest, ChannelsWritesTheTableInEachView) {
   const std::string file = Write("SMALL.DAT", SimpleDat(3).Bytes());
   const CliRun aligned = Run({"channels", file});
   ASSERT_EQ(aligned.status, 0) << aligned.err;
   const auto lines = Lines(aligned.out);
   ASSERT_EQ(lines.size(), 4u);
-  EXPECT_EQ(lines[0], "Depth (m),Tip Resistance (Qc),Sleeve Friction,Pore Pressure U2");
+  EXPECT_EQ(Head(lines[0], 4), "Depth (m),Tip Resistance (Qc),Sleeve Friction,Pore Pressure U2");
+  EXPECT_TRUE(lines[0].ends_with(",Wet Density,Time,Push Speed")) << lines[0];
   // Psi as read; the sleeve sits 3 in behind the tip, past the last of these readings once aligned.
-  EXPECT_EQ(lines[1], "0.02,0.101,0,0.01");
-  EXPECT_EQ(lines[3], "0.06,0.103,0,0.03");
-  EXPECT_EQ(Lines(Run({"channels", "--raw", file}).out).at(1), "0.02,0.101,0.002,0.01");
+  EXPECT_EQ(Head(lines[1], 4), "0.02,0.101,0,0.01");
+  EXPECT_EQ(Head(lines[3], 4), "0.06,0.103,0,0.03");
+  EXPECT_EQ(Head(Lines(Run({"channels", "--raw", file}).out).at(1), 4), "0.02,0.101,0.002,0.01");
+  // The fixed-unit copies in kPa: the tip at 0.101 psi.
+  EXPECT_EQ(Head(Lines(Run({"channels", "--mirror", "2", file}).out).at(1), 2), "0.02,0.6963705");
 
   // The text output (kind 1) of the tip in kPa, every other output in psi.
   ChannelChoices choices;
   choices.UseUnitsFromFile = 0;
   choices.UnitChoice[kTxtOutput][1] = 2;
   settings_.Write("Display Units.txt", WriteDisplayUnits(choices));
-  EXPECT_EQ(Lines(Run({"channels", file}).out).at(1), "0.02,0.101,0,0.01");
-  EXPECT_EQ(Lines(Run({"channels", "--kind", "1", file}).out).at(1), "0.02,0.6963705,0,0.01");
+  EXPECT_EQ(Head(Lines(Run({"channels", file}).out).at(1), 4), "0.02,0.101,0,0.01");
+  EXPECT_EQ(Head(Lines(Run({"channels", "--kind", "1", file}).out).at(1), 4), "0.02,0.6963705,0,0.01");
 
   const auto feet = Lines(Run({"--feet", "channels", file}).out);
-  EXPECT_EQ(feet.at(0), "Depth (ft),Tip Resistance (Qc),Sleeve Friction,Pore Pressure U2");
+  EXPECT_EQ(Head(feet.at(0), 4), "Depth (ft),Tip Resistance (Qc),Sleeve Friction,Pore Pressure U2");
   EXPECT_NEAR(std::stod(feet.at(1)), 0.02 / 0.3048, 1e-6);
 }
 

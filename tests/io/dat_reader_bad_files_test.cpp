@@ -94,13 +94,17 @@ TEST_F(BadDatFileTest, FailuresEndTheReadWithTheGeneralErrorAndKeepTheOpenSoundi
   EXPECT_TRUE(t.prompts.Log().empty());
 }
 
-TEST_F(BadDatFileTest, ATableOfMoreThanAHundredChannelsFails) {
+TEST_F(BadDatFileTest, ChannelsBeyondAHundredFail) {
   test::DatFile file = SimpleDat(0);
   file.channels.resize(101, test::DatChannel{.sensor = "Spare"});
   EXPECT_FAILURE(OpenBytes(file.Bytes()), kErrSubscript, "OpenDatSounding");
+  // A hundred measured channels fit the table but leave no room for the derived ones.
   file.channels.resize(100);
+  EXPECT_FAILURE(OpenBytes(file.Bytes()), kErrSubscript, "ComputeDerivedChannels");
+  ExpectGoodSoundingStillOpen();
+  file.channels.resize(80);
   EXPECT_EQ(OpenBytes(file.Bytes()), ReadOutcome::kLoaded);
-  EXPECT_EQ(t.session->Sounding().ChannelCount, 100);
+  EXPECT_EQ(t.session->Sounding().TotalChannels, 80 + 18);
 }
 
 }  // namespace

@@ -37,7 +37,7 @@ TEST_F(DatReaderTest, DemoSoundingsOpenWithTheirHeadersAndChannels) {
   EXPECT_EQ(store().AcquisitionFamily, kKorvanDatFamily);
   EXPECT_EQ(store().ReadingCount, 1250);
   EXPECT_EQ(store().ChannelCount, 8);
-  EXPECT_EQ(store().TotalChannels, 8);
+  EXPECT_EQ(store().TotalChannels, 8 + 19) << "every derived channel, Inclination Total and Time included";
   EXPECT_FLOAT_EQ(store().WaterTableDepth, 2.4f);
   EXPECT_FLOAT_EQ(store().MaxDepth, 25.0f);
   EXPECT_NEAR(store().DepthInterval, 0.02, 1e-6);

@@ -1,6 +1,8 @@
 // The main window's logic: modes, the open flow, the channel lists and their checks.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "core/shell/shell_controller.h"
 #include "support/test_support.h"
 
@@ -43,10 +45,12 @@ TEST_F(ShellTest, OpeningASoundingFillsTheListsInRoleOrder) {
   EXPECT_TRUE(view.sounding_frame_visible);
   EXPECT_TRUE(view.edit_visible);
   EXPECT_TRUE(t.session->SoundingOpen);
-  const std::vector<std::string> rows = {"Tip Resistance (Qc)", "Sleeve Friction", "Pore Pressure U2",
-                                         "Inclination X", "Temperature"};
-  EXPECT_EQ(view.available_rows, rows);
-  EXPECT_EQ(controller.AvailableChannels(), (std::vector<int>{3, 4, 5, 2, 6}));
+  // The roles first, then the other channels in channel order; "Not Connected" (1) is left out.
+  EXPECT_EQ(controller.AvailableChannels(),
+            (std::vector<int>{3, 8, 4, 5, 9, 2, 13, 7, 14, 6, 10, 11, 12, 15, 16, 17, 18, 19, 20, 21, 22, 23, 24}));
+  const std::vector<std::string> first = {"Tip Resistance (Qc)", "Tip Resistance (Qt)", "Sleeve Friction",
+                                          "Pore Pressure U2", "Friction Ratio (Fs/Qt)", "Inclination X"};
+  EXPECT_EQ(std::vector<std::string>(view.available_rows.begin(), view.available_rows.begin() + 6), first);
   EXPECT_EQ(view.sounding_info, "FILENAME: CPT-T01.DAT\nLOCATION: Richmond, BC\nDISTANCE PUSHED: 0.06 (m)");
   EXPECT_EQ(t.session->SoundingDirectory, t.data.Path() + "/");
 
@@ -82,26 +86,33 @@ TEST_F(ShellTest, ListingNeedsASelection) {
 
 TEST_F(ShellTest, PlotChecksRefuseWhatCannotBeDrawn) {
   OpenSample("CPT-A01.DAT");
-  SelectRows({0, 1, 2, 3, 4, 5, 6});
+  auto select = [this](std::initializer_list<const char*> names) {
+    controller.ClearSelection();
+    const auto& rows = controller.View().available_rows;
+    for (const char* name : names) {
+      controller.ClickAvailableChannel(static_cast<int>(std::find(rows.begin(), rows.end(), name) - rows.begin()));
+    }
+  };
+  select({"Tip Resistance (Qc)", "Sleeve Friction", "Pore Pressure U2", "Inclination X", "Inclination Y",
+          "Temperature", "Exc Sense"});
   EXPECT_FALSE(controller.CheckPlotSelection());
   EXPECT_EQ(t.prompts.Log().back(), "! A maximum of 6 channels can be graphed at a time.");
-  controller.ClickAvailableChannel(6);
+  controller.ClickAvailableChannel(0);
   EXPECT_TRUE(controller.CheckPlotSelection());
 
-  SoundingStore& s = t.session->Sounding();
-  s.TimeChannel = 4;
+  select({"Tip Resistance (Qc)", "Time"});
   EXPECT_FALSE(controller.CheckPlotSelection());
   EXPECT_EQ(t.prompts.Log().back(), "! CANNOT PLOT TIME DATA");
-  s.TimeChannel = 0;
-  s.Sbt83Channel = 4;
-  s.Sbt86FrChannel = 5;
+  select({"SBT(1983)*", "SBT FR(1986)*"});
   EXPECT_FALSE(controller.CheckPlotSelection());
   EXPECT_EQ(t.prompts.Log().back(), "! CANNOT PLOT SBT(83), SBT(86) and SBT(90) TOGETHER");
-  s.Sbt86FrChannel = 0;
-  s.Sbt86PpChannel = 0;
-  s.Sbt90QtChannel = 0;
+  // The two 1986 charts belong together, and so do the two of 1990.
+  select({"SBT FR(1986)*", "SBT PP(1986)*", "Tip Resistance (Qt)"});
   EXPECT_TRUE(controller.CheckPlotSelection());
-  EXPECT_EQ(controller.SbtChartChoice(), 1);
+  EXPECT_EQ(controller.SbtChartChoice(), 2);
+  select({"SBT(QT)(1990)*", "SBT(Bq)(1990)*"});
+  EXPECT_TRUE(controller.CheckPlotSelection());
+  EXPECT_EQ(controller.SbtChartChoice(), 3);
 }
 
 TEST_F(ShellTest, DoneAsksAboutEachOpenWindowInTurn) {

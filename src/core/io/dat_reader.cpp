@@ -11,6 +11,7 @@
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
+#include "core/derivation/derived_channels.h"
 #include "core/model/catalogue.h"
 #include "core/model/conversion.h"
 
@@ -195,8 +196,7 @@ ReadOutcome DatReader::Read() {
   }
   if (!Family1()) DepthsFromRodChannel(s_.StartDepth);
   ConvertAndAlign();
-  // Derived channels are appended after the measured ones; until then the two counts agree.
-  s_.TotalChannels = s_.ChannelCount;
+  ComputeDerivedChannels(session_, s_, s_.ChannelCount);
   if (s_.EndBaselinePresent) ComputeEndBaselines(s_, session_.units);
   s_.MaxDepth = s_.DepthTable(s_.ReadingCount, 1);
   if (s_.ReadingCount >= 2) s_.DepthInterval = s_.DepthTable(2, 1) - s_.DepthTable(1, 1);

@@ -103,7 +103,9 @@ SoundingStore::SoundingStore()
       CptRawReadings(kMaxReadings, kMaxCptRawChannels),
       PushSpeed(kMaxReadings + 1),
       MunsellChips(kMaxReadings + 1),
-      RowTail(kMaxReadings + 1) {}
+      RowTail(kMaxReadings + 1),
+      HydrostaticPressure(kMaxReadings, kOutputKinds - 1),
+      LastSbt83Zone(kMaxReadings + 1) {}
 
 void SoundingStore::ClearReadingTables() {
   const int last = std::min(std::max(rows_used_, static_cast<int>(ReadingCount)), kMaxReadings);
@@ -118,6 +120,8 @@ void SoundingStore::ClearReadingTables() {
   std::fill(PushSpeed.begin(), PushSpeed.begin() + last + 1, 0.0f);
   std::fill(MunsellChips.begin(), MunsellChips.begin() + last + 1, std::string());
   std::fill(RowTail.begin(), RowTail.begin() + last + 1, std::string());
+  HydrostaticPressure.ClearRows(0, last);
+  std::fill(LastSbt83Zone.begin(), LastSbt83Zone.begin() + last + 1, 0.0f);
   rows_used_ = 0;
 }
 

@@ -68,6 +68,13 @@ struct ChannelTables {
   PerChannel<float> ChannelZero{};
   PerChannel<float> ChannelSensitivity{};
   PerChannel<float> ChannelRange{};
+  // Units of a derived channel's value before its unit factor: pascals per unit for shear strength,
+  // kg/m3 per pound per cubic foot for wet density, 1 for push speed.
+  PerChannel<float> ChannelBaseFactor{};
+  // The unit's name without brackets, per output.
+  PerChannel<PerKind> ChannelUnitName;
+  // The closing baseline of the tip as corrected tip, per output, kept at the corrected tip's channel.
+  PerChannel<std::array<float, kOutputKinds>> FinalBaselineValue{};
   // First and last depth of a channel added from a text file.
   PerChannel<float> ChannelDataStart{};
   PerChannel<float> ChannelDataEnd{};
@@ -164,6 +171,10 @@ class SoundingStore : public SoundingScalars,
   std::vector<float> PushSpeed;
   std::vector<std::string> MunsellChips;
   std::vector<std::string> RowTail;
+  // The hydrostatic pressure of each reading in the pore pressure channel's unit of each output.
+  FixedTable<float> HydrostaticPressure;
+  // The 1983 zone of each reading, for the classification chart.
+  std::vector<float> LastSbt83Zone;
 
   // Empties the sounding: family -1, no header text, zero counts and scalars, every channel enabled
   // with curve style -1, no roles, and the reading tables cleared as far as they were used.

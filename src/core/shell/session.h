@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "core/derivation/sbt1983.h"
 #include "core/model/catalogue.h"
 #include "core/model/sounding_slots.h"
 #include "core/model/sounding_store.h"
@@ -65,6 +66,10 @@ class Session {
   RodBreakSettings rod_break;
   std::vector<ProbeDimensions> probe_dimensions;
   CustomHeaders custom_headers;
+  // The 1983 chart's table and the zone labels of every chart.
+  ChartData chart;
+  // A combined or side-by-side view of several soundings is open: push speed is not derived.
+  bool CombinedModeActive = false;
   LogoSettings logo;
   // The lines of each report heading file that was found, by file name.
   std::map<std::string, std::vector<std::string>> report_header_lines;

@@ -7,6 +7,7 @@
 #include "core/common/number_format.h"
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
+#include "core/derivation/derived_channels.h"
 #include "core/io/dat_reader.h"
 #include "core/model/conversion.h"
 #include "core/shell/add_data.h"
@@ -291,6 +292,8 @@ void ShellController::SetPiezoFilterPresent(bool present) {
     if (!session_.SoundingOpen || s.SleeveChannel == 0 || s.AcquisitionFamily == kPxDasFamily) return;
     s.ChannelOffset[s.SleeveChannel] = SleeveOffsetMetres(s, present, session_.FeetPerMetre);
     AlignChannel(s, s.SleeveChannel);
+    ComputeDerivedChannels(session_, s.ChannelCount);
+    PopulateChannelList();
   });
 }
 

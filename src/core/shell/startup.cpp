@@ -138,6 +138,15 @@ void RunStartup(Session& session, UserPrompts& prompts) {
   });
   ReadSetting(session, prompts, "Logo Settings.txt", "ReadLogoSettings",
               [&](std::string_view b) { session.logo = ReadLogoSettings(b); });
+  // The soil behaviour charts: without the 1983 table every reading is unclassified on it.
+  try {
+    InProcedure("SetChartData", [&] {
+      SetChartData(session.chart, ReadWholeFile(session.SettingsPath("intubc.asc")));
+    });
+  } catch (const RuntimeFailure& failure) {
+    SetChartData(session.chart, "0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, \"\"");
+    prompts.Tell(GeneralErrorText(failure));
+  }
 }
 
 }  // namespace marlview

@@ -1,0 +1,194 @@
+// The 1983 chart's table lookup and the chart data file.
+#include "core/derivation/sbt1983.h"
+
+#include <cmath>
+
+#include "core/common/number_read.h"
+#include "core/common/runtime_failure.h"
+#include "core/common/text_rules.h"
+
+namespace marlview {
+namespace {
+
+// Free-format input: fields separated by commas, blanks or line ends; a text may be quoted.
+class FreeFormat {
+ public:
+  explicit FreeFormat(std::string_view bytes) : bytes_(bytes) {}
+
+  std::string Text() {
+    SkipSeparators();
+    if (at_ >= bytes_.size()) Fail(kErrPastEndOfFile);
+    std::string field;
+    if (bytes_[at_] == '"') {
+      const size_t close = bytes_.find('"', at_ + 1);
+      const size_t end = close == std::string_view::npos ? bytes_.size() : close;
+      field = std::string(bytes_.substr(at_ + 1, end - at_ - 1));
+      at_ = std::min(bytes_.size(), end + 1);
+    } else {
+      const size_t start = at_;
+      while (at_ < bytes_.size() && bytes_[at_] != ',' && bytes_[at_] != '\r' && bytes_[at_] != '\n') ++at_;
+      field = std::string(TrimRightBlanks(bytes_.substr(start, at_ - start)));
+    }
+    SkipOneComma();
+    return field;
+  }
+
+  double Number() {
+    SkipSeparators();
+    if (at_ >= bytes_.size()) Fail(kErrPastEndOfFile);
+    const size_t start = at_;
+    while (at_ < bytes_.size() && !IsSeparator(bytes_[at_])) ++at_;
+    const double value = StrictNumber(bytes_.substr(start, at_ - start));
+    SkipOneComma();
+    return value;
+  }
+
+ private:
+  static bool IsSeparator(char c) { return c == ',' || c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+  void SkipSeparators() {
+    while (at_ < bytes_.size() && (bytes_[at_] == ' ' || bytes_[at_] == '\t' || bytes_[at_] == '\r' ||
+                                   bytes_[at_] == '\n')) {
+      ++at_;
+    }
+  }
+  void SkipOneComma() {
+    while (at_ < bytes_.size() && (bytes_[at_] == ' ' || bytes_[at_] == '\t')) ++at_;
+    if (at_ < bytes_.size() && bytes_[at_] == ',') ++at_;
+  }
+
+  std::string_view bytes_;
+  size_t at_ = 0;
+};
+
+int Whole16(double value) {
+  const double rounded = std::nearbyint(value);
+  if (!(rounded >= -32768 && rounded <= 32767)) Fail(kErrOverflow);
+  return static_cast<int>(rounded);
+}
+
+// At most 30 blanks are taken from each end for the legend.
+std::string LegendCopy(const std::string& label) {
+  size_t begin = 0, end = label.size();
+  while (begin < end && begin < 30 && label[begin] == ' ') ++begin;
+  size_t trimmed = 0;
+  while (end > begin && trimmed < 30 && label[end - 1] == ' ') --end, ++trimmed;
+  return label.substr(begin, end - begin);
+}
+
+void SetFixedLabels(ChartData& chart) {
+  chart.ChartTitle[kChart1990] = "Robertson 1990";
+  chart.SbtLabels[kChart1990] = {
+      "",
+      "         Sensitive, fine grained         ",
+      "          Organic soils - peats          ",
+      "       Clays - clay to silty clay        ",
+      "Silt mixtures - clayey silt to silty clay",
+      " Sand mixtures - silty sand to sandy silt",
+      "    Sands - clean sand to silty sand     ",
+      "         Gravelly sand to sand           ",
+      "   Very stiff sand to clayey sand **     ",
+      "      Very stiff, fine grained **        ",
+  };
+  chart.ChartTitle[kChart1986] = " Robertson 1986";
+  chart.SbtLabels[kChart1986] = {
+      "",
+      "  Sensitive fine grained   ",
+      "     Organic material      ",
+      "          Clays            ",
+      "    Silty clay to clay     ",
+      " Clayey silt to silty clay ",
+      " Sandy silt to clayey silt ",
+      "  Silty sand to sandy silt ",
+      "    sand to silty sand     ",
+      "          Sand             ",
+      "  Gravelly sand to sand   ",
+      "Very stiff fine grained **",
+      "  Sand to clayey sand **  ",
+  };
+  for (int c : {kChart1986, kChart1990}) {
+    chart.SbtLegendLabels[c].clear();
+    for (const auto& label : chart.SbtLabels[c]) chart.SbtLegendLabels[c].push_back(LegendCopy(label));
+    chart.NoteText[c] = "*Soil behavior type and SPT based on data from " + chart.ChartTitle[c];
+  }
+  chart.OutOfRange1986 = "      <out of range>       ";
+  chart.OutOfRange1990 = "             <out of range>              ";
+}
+
+}  // namespace
+
+//   7, 90, 0, 12, ...                      curves, last and first column, zones, 8 more words
+//   1.0, 1000.0, 0.0                       three numbers for the drawn chart
+//   1, 1.0, "   Sensitive fine grained  ", 0.4, 1.3     a zone: number, tip/N, label, label position
+//   "Robertson and Campanella (1983)"
+//   2, 0.0, 0, 0.0, ...                    per column, per curve: zone above, log10 tip of the curve
+void SetChartData(ChartData& chart, std::string_view bytes) {
+  chart = ChartData{};
+  FreeFormat in(bytes);
+  chart.CurveCount = Whole16(in.Number());
+  chart.ColumnMax = Whole16(in.Number());
+  chart.ColumnMin = Whole16(in.Number());
+  chart.ZoneCount = Whole16(in.Number());
+  for (int& word : chart.HeaderWords) word = Whole16(in.Number());
+  for (float& number : chart.HeaderFloats) number = static_cast<float>(in.Number());
+  if (chart.CurveCount < 0 || chart.CurveCount > kMaxZoneCurves || chart.ColumnLimit() < 0 ||
+      chart.ColumnLimit() >= kZoneTableColumns || chart.ZoneCount < 0 || chart.ZoneCount > 1000) {
+    Fail(kErrSubscript);
+  }
+  chart.SptRatio.assign(static_cast<size_t>(chart.ZoneCount) + 1, 0.0f);
+  chart.SbtLabels[kChart1983].assign(static_cast<size_t>(chart.ZoneCount) + 1, std::string());
+  chart.LabelPositions.assign(static_cast<size_t>(chart.ZoneCount) + 1, {0, 0});
+  for (int zone = 1; zone <= chart.ZoneCount; ++zone) {
+    in.Number();  // the zone's own number: the record's place is what counts
+    chart.SptRatio[zone] = static_cast<float>(in.Number());
+    chart.SbtLabels[kChart1983][zone] = in.Text();
+    chart.LabelPositions[zone] = {static_cast<float>(in.Number()), static_cast<float>(in.Number())};
+  }
+  chart.Reference = in.Text();
+  for (int i = 0; i <= chart.ColumnLimit(); ++i) {
+    for (int k = 1; k <= chart.CurveCount; ++k) {
+      chart.ZoneTable1983[k][i] = static_cast<float>(in.Number());
+      chart.ZoneTable1983[k + 9][i] = static_cast<float>(in.Number());
+    }
+  }
+  chart.ChartTitle[kChart1983] = chart.Reference;
+  chart.NoteText[kChart1983] = "*Soil behavior type and SPT based on data from " + chart.Reference;
+  for (const auto& label : chart.SbtLabels[kChart1983]) chart.SbtLegendLabels[kChart1983].push_back(LegendCopy(label));
+  SetFixedLabels(chart);
+}
+
+Zone1983 LookupZone1983(const ChartData& chart, double tip, double r) {
+  Zone1983 result;
+  if (r <= 0 || tip <= 0) return result;
+  auto spt_of = [&](float zone) {
+    const auto z = static_cast<long>(zone);
+    if (z < 0 || z >= static_cast<long>(chart.SptRatio.size()) || static_cast<float>(z) != zone) Fail(kErrSubscript);
+    const double ratio = chart.SptRatio[static_cast<size_t>(z)];
+    if (ratio == 0) Fail(kErrDivisionByZero);
+    return std::floor(tip / ratio + 0.5);
+  };
+  const int i = static_cast<int>(std::floor(r * 10));
+  const int j = i + 1;
+  if (i >= chart.ColumnLimit()) return result;
+  // A reading above no curve keeps the default zone 2.
+  result.zone = 2;
+  result.spt = spt_of(2);
+  result.classified = true;
+  const double log_tip = std::log(tip) * 0.4342945;
+  for (int k = 1; k <= kLookupCurves; ++k) {
+    const double b = chart.Boundary(k, i);
+    int m = 0;
+    for (int n = 1; n <= kLookupCurves; ++n) {
+      if (chart.Zone(k, i) == chart.Zone(n, j)) m = n;
+    }
+    // Between two columns a curve that carries on is interpolated; one that ends is held flat.
+    const double boundary = m > 0 ? (r * 10 - i) * (chart.Boundary(m, j) - b) + b : b;
+    if (boundary > 0 && log_tip > boundary) {
+      result.zone = chart.Zone(k, i);
+      result.spt = spt_of(result.zone);
+      result.curve_applied = true;
+    }
+  }
+  return result;
+}
+
+}  // namespace marlview
