@@ -1,6 +1,7 @@
 // How long a DAT sounding takes to read: the demo sounding, and a full store of 10000 readings.
 #include <benchmark/benchmark.h>
 
+#include "core/derivation/derived_channels.h"
 #include "core/io/dat_reader.h"
 #include "support/test_support.h"
 
@@ -22,7 +23,7 @@ void BM_ReadDemoSounding(benchmark::State& state) { ReadBytes(state, test::ReadS
 BENCHMARK(BM_ReadDemoSounding)->Unit(benchmark::kMillisecond);
 
 // 10000 readings of 20 channels, each channel offset behind the tip so that every one is aligned.
-void BM_ReadFullSounding(benchmark::State& state) {
+test::DatFile FullSounding() {
   test::DatFile file = test::SimpleDat(0);
   for (int c = 4; c <= 20; ++c) {
     file.channels.push_back({.sensor = "Pore Pressure " + std::to_string(c), .offset = 0.01f * static_cast<float>(c)});
@@ -33,9 +34,26 @@ void BM_ReadFullSounding(benchmark::State& state) {
     for (int c = 1; c <= 20; ++c) row.push_back(0.001 * ((r * c) % 997));
     file.rows.push_back(std::move(row));
   }
-  ReadBytes(state, file.Bytes());
+  return file;
 }
+
+// Open and derivation together, as the main window opens a sounding.
+void BM_ReadFullSounding(benchmark::State& state) { ReadBytes(state, FullSounding().Bytes()); }
 BENCHMARK(BM_ReadFullSounding)->Unit(benchmark::kMillisecond);
+
+// The derivation alone, as it reruns after every edit.
+void BM_DeriveFullSounding(benchmark::State& state) {
+  test::TestSession t;
+  t.session->Sounding().WaterTableDepth = 2;
+  const std::string bytes = FullSounding().Bytes();
+  const std::string path = "/bench/CPT-BENCH.DAT";
+  ReadDatSounding(bytes, path, *t.session, t.session->SpareStore(), t.prompts);
+  t.session->CommitSounding();
+  const int measured = t.session->Sounding().ChannelCount;
+  for (auto _ : state) ComputeDerivedChannels(*t.session, measured);
+  state.counters["readings"] = t.session->Sounding().ReadingCount;
+}
+BENCHMARK(BM_DeriveFullSounding)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace marlview

@@ -1,7 +1,9 @@
 // The pipeline in its binding order: later channels read the earlier ones.
 #include "core/derivation/derived_channels.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstring>
 
 #include "core/derivation/channel_values.h"
 #include "core/derivation/correlations.h"
@@ -87,12 +89,15 @@ class Pipeline {
 };
 
 void Pipeline::ClearDerivedChannels() {
-  const int last = std::max<int>(s_.TotalChannels, measured_);
-  for (int c = measured_ + 1; c <= last && c <= kMaxChannels; ++c) {
-    for (int r = 1; r <= s_.ReadingCount; ++r) {
-      for (int k = 0; k < kOutputKinds; ++k) s_.AlignedReadings(r, KindColumn(c, k)) = 0;
-      for (int m = 0; m < kFixedPressureTables; ++m) s_.AlignedFixedPressure[m](r, c) = 0;
-    }
+  const int first = measured_ + 1;
+  const int last = std::min<int>(std::max<int>(s_.TotalChannels, measured_), kMaxChannels);
+  if (first < 1 || measured_ > kMaxChannels) Fail(kErrSubscript);
+  // Row by row, so the table is walked once in the order it lies in memory.
+  const size_t bytes = static_cast<size_t>(std::max(0, last - measured_)) * sizeof(float);
+  for (int r = 1; bytes > 0 && r <= s_.ReadingCount; ++r) {
+    float* row = s_.AlignedReadings.Row(r);
+    for (int k = 0; k < kOutputKinds; ++k) std::memset(row + KindColumn(first, k), 0, bytes);
+    for (auto& mirror : s_.AlignedFixedPressure) std::memset(mirror.Row(r) + first, 0, bytes);
   }
   for (Role role : kDerivedRoles) s_.*role = 0;
   s_.TotalChannels = static_cast<int16_t>(measured_);

@@ -11,36 +11,37 @@ double Pow10(double exponent) { return std::pow(10.0, exponent); }
 }  // namespace
 
 int16_t ClassifySoil1986Friction(double q, double r) {
-  const double r2 = r * r, r3 = r2 * r, r4 = r3 * r;
-  const double a1 = Pow10(0.0329 * r - 1);
-  const double a2 = Pow10(0.1415 * r - 1.433);
-  const double a3 = Pow10(0.001601 * r + 0.7638);
-  const double a4 = Pow10(-0.3224 * r + 2.331);
-  const double a5 = Pow10(-21.85 * r3 + 131 * r2 - 262.4 * r + 177.2);
-  const double a6 = Pow10(-0.02305 * r4 + 0.05842 * r3 - 0.123 * r2 - 0.01447 * r - 0.001068);
-  const double a7 = Pow10(0.01371 * r3 - 0.07343 * r2 + 0.3159 * r - 0.8289);
-  const double a8 = Pow10(0.01532 * r3 - 0.06146 * r2 + 0.2602 * r - 0.544);
-  const double a9 = Pow10(0.02183 * r3 - 0.07234 * r2 + 0.2767 * r - 0.2224);
-  const double a10 = Pow10(0.9264 * r - 2.563);
-  const double a11 = Pow10(0.06953 * r2 + 0.1194 * r + 0.1662);
-  const double a12 = Pow10(0.1322 * r2 + 0.104 * r + 0.5019);
-  const double a13 = Pow10(0.3023 * r4 - 0.8252 * r3 + 0.9256 * r2 - 0.1688 * r + 0.8847);
-  const double a14 = Pow10(0.8188 * r4 - 1.512 * r3 + 1.124 * r2 - 0.003238 * r + 1.255);
-
   if (!(r >= 0 && r <= 8 && q >= 0.1 && q <= 100)) return 0;
-  if ((r < 3.988 && a1 > q) || a2 > q) return 2;
-  if (a6 > q) return 1;
-  if (a3 < q && a4 < q && r < 2.2002272 && a5 < q) {
+  // Each boundary is worked out only when its test is reached; the tests run in the chart's order.
+  const double r2 = r * r, r3 = r2 * r, r4 = r3 * r;
+  auto a1 = [&] { return Pow10(0.0329 * r - 1); };
+  auto a2 = [&] { return Pow10(0.1415 * r - 1.433); };
+  auto a3 = [&] { return Pow10(0.001601 * r + 0.7638); };
+  auto a4 = [&] { return Pow10(-0.3224 * r + 2.331); };
+  auto a5 = [&] { return Pow10(-21.85 * r3 + 131 * r2 - 262.4 * r + 177.2); };
+  auto a6 = [&] { return Pow10(-0.02305 * r4 + 0.05842 * r3 - 0.123 * r2 - 0.01447 * r - 0.001068); };
+  auto a7 = [&] { return Pow10(0.01371 * r3 - 0.07343 * r2 + 0.3159 * r - 0.8289); };
+  auto a8 = [&] { return Pow10(0.01532 * r3 - 0.06146 * r2 + 0.2602 * r - 0.544); };
+  auto a9 = [&] { return Pow10(0.02183 * r3 - 0.07234 * r2 + 0.2767 * r - 0.2224); };
+  auto a10 = [&] { return Pow10(0.9264 * r - 2.563); };
+  auto a11 = [&] { return Pow10(0.06953 * r2 + 0.1194 * r + 0.1662); };
+  auto a12 = [&] { return Pow10(0.1322 * r2 + 0.104 * r + 0.5019); };
+  auto a13 = [&] { return Pow10(0.3023 * r4 - 0.8252 * r3 + 0.9256 * r2 - 0.1688 * r + 0.8847); };
+  auto a14 = [&] { return Pow10(0.8188 * r4 - 1.512 * r3 + 1.124 * r2 - 0.003238 * r + 1.255); };
+
+  if ((r < 3.988 && a1() > q) || a2() > q) return 2;
+  if (a6() > q) return 1;
+  if (a3() < q && a4() < q && r < 2.2002272 && a5() < q) {
     // The second limit always holds here; the charts' own code tests it all the same.
-    return r < 4.5986 && a10 < q ? 12 : 11;
+    return r < 4.5986 && a10() < q ? 12 : 11;
   }
-  if (a7 > q) return 3;
-  if (a8 > q) return 4;
-  if (a9 > q) return 5;
-  if (a11 > q) return 6;
-  if (a12 > q) return 7;
-  if (a13 > q) return 8;
-  return a14 <= q ? 10 : 9;
+  if (a7() > q) return 3;
+  if (a8() > q) return 4;
+  if (a9() > q) return 5;
+  if (a11() > q) return 6;
+  if (a12() > q) return 7;
+  if (a13() > q) return 8;
+  return a14() <= q ? 10 : 9;
 }
 
 int16_t ClassifySoil1986PorePressure(double qt, double u, double u0, double sigma_v, double) {

@@ -118,11 +118,6 @@ double Interpolate(double depth, double d0, double v0, double d1, double v1) {
 
 }  // namespace
 
-float ToSingle(double value) {
-  if (!std::isfinite(value) || std::fabs(value) > std::numeric_limits<float>::max()) Fail(kErrOverflow);
-  return static_cast<float>(value);
-}
-
 static void ConvertRow(SoundingStore& s, const UnitTables& units, int c, int r, SensorKind kind) {
   const double v = s.RawReadings(r, c);
   const double ball = BallTipFactor(s, c);

@@ -31,6 +31,12 @@ class FixedTable {
     return cells_.get()[static_cast<size_t>(row) * columns_ + column];
   }
 
+  // The cells of one row, for work along a row; columns 0..MaxColumn().
+  T* Row(int row) {
+    Check(row, 0);
+    return cells_.get() + static_cast<size_t>(row) * columns_;
+  }
+
   int MaxRow() const { return rows_ - 1; }
   int MaxColumn() const { return columns_ - 1; }
 
