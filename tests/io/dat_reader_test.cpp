@@ -306,6 +306,7 @@ TEST_F(DatReaderTest, ClosingBaselineExtraHeaderAndRowTails) {
   EXPECT_TRUE(store().EndBaselinePresent);
   EXPECT_FLOAT_EQ(store().ChannelEndBaseline[3], 0.002f) << "the last baseline line wins";
   EXPECT_NEAR(store().EndBaselineValues[1][kGraphOutput], 0.0005, 1e-9);
+  EXPECT_NEAR(store().FinalBaselineValue[store().TipQtChannel][kCsvOutput], 0.0005, 1e-9);
   EXPECT_EQ(store().RowTail[2], "  17:02:44");
 }
 

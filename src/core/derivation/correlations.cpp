@@ -21,7 +21,7 @@ void CalculateFrictionAngle(ChannelValues& v, int c) {
     }
     for (int k = 0; k < kOutputKinds; ++k) {
       // The measured tip over the total overburden, as the correlation was published.
-      const auto x = static_cast<float>(v.InDefaultUnit(r, s.TipChannel, k) / v.InDefaultUnit(r, s.OverburdenChannel, k));
+      const float x = ToSingle(v.InDefaultUnit(r, s.TipChannel, k) / v.InDefaultUnit(r, s.OverburdenChannel, k));
       if (x <= 0) Fail(kErrInvalidCall);
       v.SetKind(r, c, k, std::atan(0.38 * std::log(x) / std::log(10.0) + 0.1) * 180 / kCorrelationPi);
     }

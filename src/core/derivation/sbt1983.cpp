@@ -166,9 +166,10 @@ Zone1983 LookupZone1983(const ChartData& chart, double tip, double r) {
     if (ratio == 0) Fail(kErrDivisionByZero);
     return std::floor(tip / ratio + 0.5);
   };
-  const int i = static_cast<int>(std::floor(r * 10));
+  const double column = std::floor(r * 10);
+  if (column >= chart.ColumnLimit()) return result;
+  const int i = static_cast<int>(column);
   const int j = i + 1;
-  if (i >= chart.ColumnLimit()) return result;
   // A reading above no curve keeps the default zone 2.
   result.zone = 2;
   result.spt = spt_of(2);
