@@ -3,62 +3,11 @@
 
 #include <cmath>
 
-#include "core/common/number_read.h"
+#include "core/common/input_fields.h"
 #include "core/common/runtime_failure.h"
-#include "core/common/text_rules.h"
 
 namespace marlview {
 namespace {
-
-// Free-format input: fields separated by commas, blanks or line ends; a text may be quoted.
-class FreeFormat {
- public:
-  explicit FreeFormat(std::string_view bytes) : bytes_(bytes) {}
-
-  std::string Text() {
-    SkipSeparators();
-    if (at_ >= bytes_.size()) Fail(kErrPastEndOfFile);
-    std::string field;
-    if (bytes_[at_] == '"') {
-      const size_t close = bytes_.find('"', at_ + 1);
-      const size_t end = close == std::string_view::npos ? bytes_.size() : close;
-      field = std::string(bytes_.substr(at_ + 1, end - at_ - 1));
-      at_ = std::min(bytes_.size(), end + 1);
-    } else {
-      const size_t start = at_;
-      while (at_ < bytes_.size() && bytes_[at_] != ',' && bytes_[at_] != '\r' && bytes_[at_] != '\n') ++at_;
-      field = std::string(TrimRightBlanks(bytes_.substr(start, at_ - start)));
-    }
-    SkipOneComma();
-    return field;
-  }
-
-  double Number() {
-    SkipSeparators();
-    if (at_ >= bytes_.size()) Fail(kErrPastEndOfFile);
-    const size_t start = at_;
-    while (at_ < bytes_.size() && !IsSeparator(bytes_[at_])) ++at_;
-    const double value = StrictNumber(bytes_.substr(start, at_ - start));
-    SkipOneComma();
-    return value;
-  }
-
- private:
-  static bool IsSeparator(char c) { return c == ',' || c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
-  void SkipSeparators() {
-    while (at_ < bytes_.size() && (bytes_[at_] == ' ' || bytes_[at_] == '\t' || bytes_[at_] == '\r' ||
-                                   bytes_[at_] == '\n')) {
-      ++at_;
-    }
-  }
-  void SkipOneComma() {
-    while (at_ < bytes_.size() && (bytes_[at_] == ' ' || bytes_[at_] == '\t')) ++at_;
-    if (at_ < bytes_.size() && bytes_[at_] == ',') ++at_;
-  }
-
-  std::string_view bytes_;
-  size_t at_ = 0;
-};
 
 int Whole16(double value) {
   const double rounded = std::nearbyint(value);
@@ -123,7 +72,7 @@ void SetFixedLabels(ChartData& chart) {
 //   2, 0.0, 0, 0.0, ...                    per column, per curve: zone above, log10 tip of the curve
 void SetChartData(ChartData& chart, std::string_view bytes) {
   chart = ChartData{};
-  FreeFormat in(bytes);
+  InputFields in(bytes);
   chart.CurveCount = Whole16(in.Number());
   chart.ColumnMax = Whole16(in.Number());
   chart.ColumnMin = Whole16(in.Number());
@@ -160,9 +109,10 @@ Zone1983 LookupZone1983(const ChartData& chart, double tip, double r) {
   Zone1983 result;
   if (r <= 0 || tip <= 0) return result;
   auto spt_of = [&](float zone) {
-    const auto z = static_cast<long>(zone);
-    if (z < 0 || z >= static_cast<long>(chart.SptRatio.size()) || static_cast<float>(z) != zone) Fail(kErrSubscript);
-    const double ratio = chart.SptRatio[static_cast<size_t>(z)];
+    if (!(zone >= 0 && zone < static_cast<float>(chart.SptRatio.size())) || std::floor(zone) != zone) {
+      Fail(kErrSubscript);
+    }
+    const double ratio = chart.SptRatio[static_cast<size_t>(zone)];
     if (ratio == 0) Fail(kErrDivisionByZero);
     return std::floor(tip / ratio + 0.5);
   };

@@ -1,7 +1,7 @@
 // Channels added from text files of the field crews and of the seismic velocity writer.
 #include "core/shell/add_data.h"
 
-#include "core/common/number_read.h"
+#include "core/common/input_fields.h"
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
 
@@ -10,85 +10,9 @@ namespace {
 
 constexpr float kMissingValue = -32768;
 
-// Fields as a classic "Input #" reads them: text fields end at a comma or the line end, number
-// fields also at a blank; a quoted text may hold commas.
-class FieldReader {
- public:
-  explicit FieldReader(std::string_view bytes) : bytes_(bytes) {}
-
-  bool AtEnd() {
-    while (at_ < bytes_.size() && IsSeparatorSpace(bytes_[at_])) ++at_;
-    return at_ >= bytes_.size();
-  }
-
-  std::string Text() {
-    SkipBlanks();
-    if (at_ >= bytes_.size()) Fail(kErrPastEndOfFile);
-    std::string field;
-    if (bytes_[at_] == '"') {
-      const size_t close = bytes_.find('"', at_ + 1);
-      const size_t end = close == std::string_view::npos ? bytes_.size() : close;
-      field = std::string(bytes_.substr(at_ + 1, end - at_ - 1));
-      at_ = std::min(bytes_.size(), end + 1);
-      EndField(false);
-      return field;
-    }
-    const size_t start = at_;
-    while (at_ < bytes_.size() && bytes_[at_] != ',' && !IsLineEnd(bytes_[at_])) ++at_;
-    field = std::string(TrimRightBlanks(bytes_.substr(start, at_ - start)));
-    EndField(false);
-    return field;
-  }
-
-  // Depths and values are 32-bit, as the sounding's own depths, so that a boundary read from the
-  // file equals the depth of the reading it names.
-  float Number() {
-    SkipBlanks();
-    if (at_ >= bytes_.size()) Fail(kErrPastEndOfFile);
-    const size_t start = at_;
-    while (at_ < bytes_.size() && bytes_[at_] != ',' && bytes_[at_] != ' ' && bytes_[at_] != '\t' &&
-           !IsLineEnd(bytes_[at_])) {
-      ++at_;
-    }
-    const std::string_view token = bytes_.substr(start, at_ - start);
-    EndField(true);
-    return token.empty() ? 0.0f : static_cast<float>(StrictNumber(token));
-  }
-
-  // The rest of the current line, as a "Line Input" takes it.
-  void SkipLine() {
-    if (at_ >= bytes_.size()) Fail(kErrPastEndOfFile);
-    while (at_ < bytes_.size() && !IsLineEnd(bytes_[at_])) ++at_;
-    ConsumeLineEnd();
-  }
-
- private:
-  static bool IsLineEnd(char c) { return c == '\r' || c == '\n'; }
-  static bool IsSeparatorSpace(char c) { return c == ' ' || c == '\t' || IsLineEnd(c); }
-
-  void SkipBlanks() {
-    while (at_ < bytes_.size() && (bytes_[at_] == ' ' || bytes_[at_] == '\t')) ++at_;
-  }
-  void ConsumeLineEnd() {
-    if (at_ < bytes_.size() && bytes_[at_] == '\r') ++at_;
-    if (at_ < bytes_.size() && bytes_[at_] == '\n') ++at_;
-  }
-  // After a field: blanks, then one comma or one line end.
-  void EndField(bool number) {
-    SkipBlanks();
-    if (at_ >= bytes_.size()) return;
-    if (bytes_[at_] == ',') {
-      ++at_;
-    } else if (IsLineEnd(bytes_[at_])) {
-      ConsumeLineEnd();
-    } else if (!number) {
-      ++at_;
-    }
-  }
-
-  std::string_view bytes_;
-  size_t at_ = 0;
-};
+// Depths and values are 32-bit, as the sounding's own depths, so that a boundary read from the
+// file equals the depth of the reading it names.
+float Single(InputFields& fields) { return static_cast<float>(fields.Number()); }
 
 void SetAllKinds(SoundingStore& s, int r, int c, float value) {
   for (int k = 0; k < kOutputKinds; ++k) {
@@ -98,14 +22,14 @@ void SetAllKinds(SoundingStore& s, int r, int c, float value) {
 }
 
 // Pairs of depth and value, interpolated between successive pairs.
-void ReadInterpolatedChannel(SoundingStore& s, FieldReader& fields, int c) {
+void ReadInterpolatedChannel(SoundingStore& s, InputFields& fields, int c) {
   fields.Text();  // a field the crews' files carry and nothing reads
   const int n = s.ReadingCount;
   bool first = true;
   float d1 = 0, v1 = 0;
   while (!fields.AtEnd()) {
-    const float d2 = fields.Number();
-    const float v2 = fields.Number();
+    const float d2 = Single(fields);
+    const float v2 = Single(fields);
     if (first) {
       s.ChannelDataStart[c] = d2;
       first = false;
@@ -127,7 +51,7 @@ void ReadInterpolatedChannel(SoundingStore& s, FieldReader& fields, int c) {
 }
 
 // Ranges of depth "from", "to" and a value; a later range wins at a shared boundary.
-void ReadStepChannel(Session& session, FieldReader& fields, int c, const std::string& path) {
+void ReadStepChannel(Session& session, InputFields& fields, int c, const std::string& path) {
   SoundingStore& s = session.Sounding();
   s.ChannelCurveStyle[c] = 1;
   const int n = s.ReadingCount;
@@ -139,9 +63,9 @@ void ReadStepChannel(Session& session, FieldReader& fields, int c, const std::st
   bool first = true;
   float last_to = 0;
   while (!fields.AtEnd()) {
-    const float from = fields.Number();
-    const float to = fields.Number();
-    float value = fields.Number();
+    const float from = Single(fields);
+    const float to = Single(fields);
+    float value = Single(fields);
     if (velocities_in_feet) value *= session.FeetPerMetre;
     if (first) s.ChannelDataStart[c] = from;
     first = false;
@@ -162,7 +86,7 @@ void ReadStepChannel(Session& session, FieldReader& fields, int c, const std::st
 int AddChannelFromText(Session& session, std::string_view bytes, const std::string& path,
                        UserPrompts& prompts) {
   return InProcedure("mnuAddData_Click", [&] {
-    FieldReader fields(bytes);
+    InputFields fields(bytes);
     const std::string tag = fields.AtEnd() ? std::string() : fields.Text();
     const bool step = ContainsNoCase(tag, "step");
     if (!step && !ContainsNoCase(tag, "str")) {
