@@ -1,8 +1,13 @@
 // The number readers: lenient for header and settings values, strict for table and data fields.
 #pragma once
 
+#include <cmath>
+#include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
+
+#include "core/common/runtime_failure.h"
 
 namespace marlview {
 
@@ -19,6 +24,19 @@ double StrictNumber(std::string_view field);
 double ParseNumber(std::string_view text);
 // The same, lenient: a text that is not a number gives 0.
 double ParseLocalNumber(std::string_view text);
+
+// A value stored in a 32-bit field; a value beyond its range is "Overflow".
+inline float ToSingle(double value) {
+  if (!(std::fabs(value) <= std::numeric_limits<float>::max())) Fail(kErrOverflow);
+  return static_cast<float>(value);
+}
+
+// A value stored in a 16-bit field; a value beyond its range is "Overflow".
+inline int16_t ToInteger16(double value) {
+  const double rounded = std::nearbyint(value);
+  if (!(rounded >= -32768 && rounded <= 32767)) Fail(kErrOverflow);
+  return static_cast<int16_t>(rounded);
+}
 
 // The shortest text that reads back to the same 32-bit float ("1.5", "0.1", "-32768").
 std::string ShortestText(float value);

@@ -1,6 +1,9 @@
 // The channel catalogue and the per-id choices.
 #include "core/model/catalogue.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "core/common/line_cursor.h"
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
@@ -80,9 +83,10 @@ constexpr Row kCatalogue[] = {
 
 constexpr std::string_view kDefaultFormat = "######0.000";
 
+// A choice read from the settings, kept within the choices there are.
 int16_t ClampChoice(double value, int low, int high) {
-  const auto choice = static_cast<int>(value < 0 ? value - 0.5 : value + 0.5);
-  return static_cast<int16_t>(choice < low ? low : (choice > high ? high : choice));
+  const double clamped = std::min<double>(std::max<double>(std::nearbyint(value), low), high);
+  return static_cast<int16_t>(clamped);
 }
 
 }  // namespace
@@ -118,15 +122,15 @@ void ReadExportLabels(ChannelChoices& choices, int id, std::string_view bytes) {
 
 void ReadDisplayUnits(ChannelChoices& choices, std::string_view bytes) {
   LineCursor lines(bytes);
-  choices.UseUnitsFromFile = ClampChoice(LenientNumber(lines.Next()), -32768, 32767);
-  choices.DepthLabelFormat = ClampChoice(LenientNumber(lines.Next()), -32768, 32767);
+  choices.UseUnitsFromFile = ToInteger16(LenientNumber(lines.Next()));
+  choices.DepthLabelFormat = ToInteger16(LenientNumber(lines.Next()));
   for (int id = 1; id <= kLastSettingsId; ++id) {
     if (!HasChannelSettings(id)) continue;
     for (int k = 0; k < kOutputKinds; ++k) {
       choices.LabelChoice[k][id] = ClampChoice(LenientNumber(lines.Next()), 0, kMaxLabelVariants);
     }
     for (int k = 0; k < kOutputKinds; ++k) {
-      choices.UnitChoice[k][id] = ClampChoice(LenientNumber(lines.Next()), 0, kMaxUnitsInGroup);
+      choices.UnitChoice[k][id] = ClampChoice(LenientNumber(lines.Next()), 1, kMaxUnitsInGroup);
     }
     for (int k = 0; k < kOutputKinds; ++k) choices.FormatChoice[k][id] = std::string(lines.Next());
   }

@@ -2,10 +2,7 @@
 // depth of the tip.
 #pragma once
 
-#include <cmath>
-#include <limits>
-
-#include "core/common/runtime_failure.h"
+#include "core/common/number_read.h"
 #include "core/model/sounding_store.h"
 #include "core/model/unit_tables.h"
 
@@ -27,10 +24,6 @@ void ComputeEndBaselines(SoundingStore& store, const UnitTables& units);
 // distance rows, plus the filter when a piezo filter sits between them, in inches.
 float SleeveOffsetMetres(const SoundingStore& store, bool piezo_filter_present, float feet_per_metre);
 
-// A computed value stored in a 32-bit field; a value beyond its range is "Overflow".
-inline float ToSingle(double value) {
-  if (!(std::fabs(value) <= std::numeric_limits<float>::max())) Fail(kErrOverflow);
-  return static_cast<float>(value);
-}
+
 
 }  // namespace marlview

@@ -83,7 +83,7 @@ void ReadUnitFile(UnitTables& units, int group, std::string_view bytes) {
     if (lines.AtEnd()) break;
     ++unit;
     units.UnitNames[unit][group] = std::string(name);
-    units.UnitFactors[unit][group] = static_cast<float>(LenientNumber(lines.Next()));
+    units.UnitFactors[unit][group] = ToSingle(LenientNumber(lines.Next()));
   }
   units.UnitCount[group] = unit;
 }

@@ -9,11 +9,7 @@
 
 namespace marlview {
 
-int16_t ToSetting16(double value) {
-  const double rounded = std::nearbyint(value);
-  if (!(rounded >= -32768 && rounded <= 32767)) return 0;
-  return static_cast<int16_t>(rounded);
-}
+int16_t ToSetting16(double value) { return ToInteger16(value); }
 
 std::string NumberLine(double value) { return ShortestText(value) + "\r\n"; }
 
@@ -46,7 +42,7 @@ CustomHeaders ReadCustomHeaders(std::string_view bytes) {
 LogoSettings ReadLogoSettings(std::string_view bytes) {
   const auto numbers = ReadNumberLines(bytes, 15);
   LogoSettings logo;
-  for (size_t i = 0; i < logo.Scale.size(); ++i) logo.Scale[i] = static_cast<float>(numbers[i]);
+  for (size_t i = 0; i < logo.Scale.size(); ++i) logo.Scale[i] = ToSingle(numbers[i]);
   for (size_t i = 0; i < logo.Placement.size(); ++i) logo.Placement[i] = ToSetting16(numbers[i + 5]);
   return logo;
 }
@@ -59,11 +55,11 @@ GeneralSettings ReadGeneralSettings(std::string_view bytes) {
   s.DefaultSystem = ToSetting16(LenientNumber(lines.Next()));
   s.DefaultDepthUnits = ToSetting16(LenientNumber(lines.Next()));
   s.SecondUnitsWord = ToSetting16(LenientNumber(lines.Next()));
-  s.SoilDensity = static_cast<float>(LenientNumber(lines.Next()));
+  s.SoilDensity = ToSingle(LenientNumber(lines.Next()));
   s.SoilDensityUnits = ToSetting16(LenientNumber(lines.Next()));
-  s.NetAreaRatio = static_cast<float>(LenientNumber(lines.Next()));
+  s.NetAreaRatio = ToSingle(LenientNumber(lines.Next()));
   s.SuppressDuplicateDepths = ToSetting16(LenientNumber(lines.Next()));
-  s.DuplicateDepthTolerance = static_cast<float>(LenientNumber(lines.Next()));
+  s.DuplicateDepthTolerance = ToSingle(LenientNumber(lines.Next()));
   s.SuppressNotConnected = ToSetting16(LenientNumber(lines.Next()));
   return s;
 }
@@ -78,7 +74,7 @@ std::string WriteGeneralSettings(const GeneralSettings& s) {
 
 RodBreakSettings ReadRodBreakSettings(std::string_view bytes) {
   const auto numbers = ReadNumberLines(bytes, 2);
-  return {static_cast<float>(numbers[0]), ToSetting16(numbers[1])};
+  return {ToSingle(numbers[0]), ToSetting16(numbers[1])};
 }
 
 std::string WriteRodBreakSettings(const RodBreakSettings& s) {
@@ -102,7 +98,7 @@ std::vector<ProbeDimensions> ReadProbeDimensions(std::string_view bytes, float f
     row.model = std::string(TrimBlanks(fields[0]));
     if (fields.size() > 1) row.description = std::string(TrimBlanks(fields[1]));
     for (size_t n = 0; n < row.lengths_m.size() && n + 2 < fields.size(); ++n) {
-      row.lengths_m[n] = static_cast<float>(LenientNumber(fields[n + 2]) / 12 / feet_per_metre);
+      row.lengths_m[n] = ToSingle(LenientNumber(fields[n + 2]) / 12 / feet_per_metre);
     }
     rows.push_back(std::move(row));
   }

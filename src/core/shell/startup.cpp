@@ -79,10 +79,10 @@ void RunStartup(Session& session, UserPrompts& prompts) {
     session.SoundingSelectionMode = ToSetting16(ReadNumberLines(b, 1)[0]);
   });
   ReadSetting(session, prompts, "Column Widths", "Form_Load", [&](std::string_view b) {
-    session.ColumnWidth = static_cast<int32_t>(ReadNumberLines(b, 1)[0]);
+    session.ColumnWidth = ToInteger16(ReadNumberLines(b, 1)[0]);
   });
   ReadSetting(session, prompts, "SBT brightness factor.txt", "Form_Load", [&](std::string_view b) {
-    session.SbtBrightnessFactor = static_cast<float>(ReadNumberLines(b, 1)[0]);
+    session.SbtBrightnessFactor = ToSingle(ReadNumberLines(b, 1)[0]);
   });
   session.rod_break = RodBreakSettings{};
   ReadSetting(session, prompts, "Rod Break Threshold.txt", "Form_Load",
@@ -90,7 +90,7 @@ void RunStartup(Session& session, UserPrompts& prompts) {
   WriteBackWhenMissing(session, prompts, "Rod Break Threshold.txt",
                        WriteRodBreakSettings(session.rod_break));
   ReadSetting(session, prompts, "Logo Scale Factor.txt", "Form_Load", [&](std::string_view b) {
-    session.LogoScaleFactor = static_cast<float>(ReadNumberLines(b, 1)[0]);
+    session.LogoScaleFactor = ToSingle(ReadNumberLines(b, 1)[0]);
   });
   WriteBackWhenMissing(session, prompts, "Logo Scale Factor.txt", NumberLine(session.LogoScaleFactor));
   ReadSetting(session, prompts, "Dimensio.csv", "Form_Load", [&](std::string_view b) {
