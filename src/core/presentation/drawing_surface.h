@@ -1,0 +1,55 @@
+// A drawing target with its own logical coordinates: the window's picture, a printed page, an
+// image or a PDF page. Every plot and report draws through it, once, for all of them.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace marlview {
+
+struct Colour {
+  uint8_t r = 0, g = 0, b = 0;
+  friend bool operator==(const Colour&, const Colour&) = default;
+};
+
+inline constexpr Colour kBlack{0, 0, 0};
+inline constexpr Colour kWhite{255, 255, 255};
+inline constexpr Colour kRed{255, 0, 0};
+inline constexpr Colour kBlue{0, 0, 255};
+
+// A picture drawn on a surface, such as the company logo; the file is read by the surface.
+struct Picture {
+  std::string path;
+};
+
+class DrawingSurface {
+ public:
+  virtual ~DrawingSurface() = default;
+
+  // The logical coordinates of the target's left, top, right and bottom edges.
+  virtual void SetScale(double left, double top, double right, double bottom) = 0;
+  virtual void Cls() = 0;
+  virtual void Line(double x1, double y1, double x2, double y2, Colour colour) = 0;
+  virtual void Box(double x1, double y1, double x2, double y2, Colour colour, bool filled) = 0;
+  // Text at the current position, its top left corner there; the position then moves to the
+  // start of the next line.
+  virtual void Print(std::string_view text) = 0;
+  virtual void SetCurrentXY(double x, double y) = 0;
+  virtual double CurrentX() const = 0;
+  virtual double CurrentY() const = 0;
+  virtual double TextWidth(std::string_view text) = 0;
+  virtual double TextHeight(std::string_view text) = 0;
+  // "Arial", "courier new" and "MS Sans Serif" are the names the program uses.
+  virtual void SetFont(std::string_view name, double size_points, bool bold, bool italic) = 0;
+  virtual void SetDrawWidth(int pixels) = 0;
+  virtual void PaintPicture(const Picture& picture, double x, double y, double width, double height) = 0;
+
+  // Logical units a device pixel covers across; long series are drawn at this resolution on screen.
+  virtual double PixelWidth() const = 0;
+  virtual double PixelHeight() const = 0;
+  // A printed page draws every point.
+  virtual bool IsPrinter() const = 0;
+};
+
+}  // namespace marlview
