@@ -5,6 +5,9 @@
 #include <map>
 #include <optional>
 
+#include <QGuiApplication>
+#include <algorithm>
+#include <cstdio>
 #include <nlohmann/json.hpp>
 
 #include "app/cli_prompts.h"
@@ -12,6 +15,9 @@
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
 #include "core/derivation/derived_channels.h"
+#include "core/presentation/sounding_plot.h"
+#include "render/image_surface.h"
+#include "render/pdf_print_job.h"
 #include "core/shell/session.h"
 #include "core/shell/shell_controller.h"
 #include "core/shell/startup.h"
@@ -21,11 +27,27 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
+// Text and pictures need a GUI application even without a window; the CLI runs it offscreen.
+void EnsureGuiApplication() {
+  if (QGuiApplication::instance() != nullptr) return;
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  // Standard error carries the program's own messages only.
+  qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& message) {
+    if (type == QtFatalMsg) std::fputs(qPrintable(message + "\n"), stderr);
+  });
+  static int argc = 1;
+  static char name[] = "marlview-cli";
+  static char* argv[] = {name, nullptr};
+  static QGuiApplication application(argc, argv);
+}
+
 constexpr const char* kUsage =
     "usage: marlview-cli [--data-dir DIR] [--feet] [--water-table D] [--start-depth-unit m|ft]\n"
     "                    [--spikes remove|keep] [--munsell import|skip] [--tip-area MM2] [--yes]\n"
     "                    info FILE\n"
-    "                    channels FILE [--kind K | --mirror M | --unaligned | --raw]\n";
+    "                    channels FILE [--kind K | --mirror M | --unaligned | --raw]\n"
+    "                    plot FILE -o OUT.png|OUT.pdf [--channel NAME]... [--width W --height H] [--grid]\n"
+    "                         [--elevation]\n";
 
 struct Options {
   std::string data_dir;
@@ -37,6 +59,11 @@ struct Options {
   std::optional<int> mirror;
   bool unaligned = false;
   bool raw = false;
+  std::string out;
+  std::vector<std::string> channel_names;
+  std::optional<int> width, height;
+  bool grid = false;
+  bool elevation = false;
 };
 
 class UsageError : public std::runtime_error {
@@ -87,6 +114,12 @@ Options Parse(const std::vector<std::string>& args) {
     else if (a == "--mirror") o.mirror = ToInt(value(), 0, kFixedPressureTables - 1, a);
     else if (a == "--unaligned") o.unaligned = true;
     else if (a == "--raw") o.raw = true;
+    else if (a == "-o") o.out = value();
+    else if (a == "--channel") o.channel_names.push_back(value());
+    else if (a == "--width") o.width = ToInt(value(), 16, 20000, a);
+    else if (a == "--height") o.height = ToInt(value(), 16, 20000, a);
+    else if (a == "--grid") o.grid = true;
+    else if (a == "--elevation") o.elevation = true;
     else if (a.starts_with("--")) throw UsageError("unknown option " + a);
     else o.positional.push_back(a);
   }
@@ -173,6 +206,50 @@ void WriteChannelsCsv(const SoundingStore& s, const Options& o, std::ostream& ou
   }
 }
 
+// Chooses the channels as the main window's lists do, with the plot button's checks, and draws
+// the plot window's picture into a PNG or its printed page into a PDF.
+int RunPlot(Session& session, ShellController& controller, CliPrompts& prompts, const Options& options,
+            std::ostream& err) {
+  const auto& rows = controller.View().available_rows;
+  if (options.channel_names.empty()) {
+    for (int row = 0; row < static_cast<int>(rows.size()) && row < kMaxPlotColumns; ++row) {
+      controller.ClickAvailableChannel(row);
+    }
+  }
+  for (const std::string& name : options.channel_names) {
+    const auto found = std::find(rows.begin(), rows.end(), name);
+    if (found == rows.end()) {
+      err << "marlview-cli: no channel named '" << name << "'\n" << kUsage;
+      return 2;
+    }
+    controller.ClickAvailableChannel(static_cast<int>(found - rows.begin()));
+  }
+  // A refused selection has been told; nothing is drawn.
+  if (!controller.PlotSounding()) return 1;
+  EnsureGuiApplication();
+  PlotState plot;
+  SetupPlot(plot, session, controller.SelectedChannels(), controller.SbtChartChoice());
+  plot.GridOn = options.grid;
+  plot.ElevationMode = options.elevation;
+  try {
+    if (EndsWithNoCase(options.out, ".png")) {
+      const int width = options.width.value_or(1600), height = options.height.value_or(1200);
+      ImageSurface image(width, height);
+      GraphData(image, width, height, plot, session);
+      if (!image.Save(options.out)) Fail(kErrPathAccess, "mnuSavePicture");
+    } else {
+      PdfPrintJob job(options.out, PaperSize::kLetter);
+      DrawingSurface& page = job.NewPage();
+      GraphData(page, job.PageWidthPoints(), job.PageHeightPoints(), plot, session);
+      if (!job.EndDoc()) Fail(kErrPathAccess, "mnuPrint");
+    }
+  } catch (const RuntimeFailure& failure) {
+    prompts.Tell(GeneralErrorText(failure));
+    return 1;
+  }
+  return prompts.ErrorShown() ? 1 : 0;
+}
+
 }  // namespace
 
 int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
@@ -182,8 +259,8 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
     options = Parse(args);
     if (options.positional.empty()) throw UsageError("a subcommand is needed");
     const std::string& command = options.positional[0];
-    if (command != "info" && command != "channels") {
-      static const char* kLater[] = {"export", "plot", "edit", "dissipation", "seismic"};
+    if (command != "info" && command != "channels" && command != "plot") {
+      static const char* kLater[] = {"export", "edit", "dissipation", "seismic"};
       for (const char* later : kLater) {
         if (command == later) throw UsageError("'" + command + "' is not available in this version of marlview-cli yet");
       }
@@ -191,7 +268,13 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
     }
     if (options.positional.size() != 2) throw UsageError(command + " takes one FILE");
     const int modes = (options.kind ? 1 : 0) + (options.mirror ? 1 : 0) + (options.unaligned ? 1 : 0) + (options.raw ? 1 : 0);
-    if (command == "info" && modes > 0) throw UsageError("info takes no table options");
+    if (command != "channels" && modes > 0) throw UsageError(command + " takes no table options");
+    const bool plot_options = !options.out.empty() || !options.channel_names.empty() || options.width ||
+                              options.height || options.grid || options.elevation;
+    if (command != "plot" && plot_options) throw UsageError(command + " takes no plot options");
+    if (command == "plot" && !EndsWithNoCase(options.out, ".png") && !EndsWithNoCase(options.out, ".pdf")) {
+      throw UsageError("plot writes -o OUT.png or OUT.pdf");
+    }
     if (modes > 1 && !(options.unaligned && options.kind && modes == 2)) {
       throw UsageError("choose one of --kind, --mirror, --unaligned, --raw");
     }
@@ -218,6 +301,7 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
       return 1;
     }
   }
+  if (options.positional[0] == "plot") return RunPlot(session, controller, prompts, options, err);
   if (options.positional[0] == "info") {
     out << InfoJson(s).dump(2) << '\n';
   } else {

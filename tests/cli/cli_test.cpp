@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "app/cli_commands.h"
+#include "core/common/file_access.h"
 #include "core/model/catalogue.h"
 #include "support/test_support.h"
 
@@ -84,6 +85,24 @@ TEST_F(CliTest, ChannelsWritesTheTableInEachView) {
   const auto feet = Lines(Run({"--feet", "channels", file}).out);
   EXPECT_EQ(Head(feet.at(0), 4), "Depth (ft),Tip Resistance (Qc),Sleeve Friction,Pore Pressure U2");
   EXPECT_NEAR(std::stod(feet.at(1)), 0.02 / 0.3048, 1e-6);
+}
+
+TEST_F(CliTest, PlotDrawsAPictureOrAPageWithThePlotButtonsChecks) {
+  const std::string file = Write("SMALL.DAT", SimpleDat(30).Bytes());
+  const std::string png = files_.File("plot.png"), pdf = files_.File("plot.pdf");
+  const CliRun picture = Run({"plot", file, "-o", png, "--width", "400", "--height", "300", "--grid"});
+  EXPECT_EQ(picture.status, 0) << picture.err;
+  EXPECT_EQ(picture.err, "");
+  EXPECT_EQ(ReadWholeFile(png).substr(1, 3), "PNG");
+  const CliRun page = Run({"plot", file, "-o", pdf, "--channel", "Tip Resistance (Qc)", "--channel", "SBT(QT)(1990)*"});
+  EXPECT_EQ(page.status, 0) << page.err;
+  EXPECT_EQ(ReadWholeFile(pdf).substr(0, 4), "%PDF");
+  const CliRun time = Run({"plot", file, "-o", png, "--channel", "Time"});
+  EXPECT_EQ(time.status, 1);
+  EXPECT_EQ(time.err, "! CANNOT PLOT TIME DATA\n");
+  EXPECT_EQ(Run({"plot", file, "-o", png, "--channel", "Cone Bearing"}).status, 2);
+  EXPECT_EQ(Run({"plot", file, "-o", files_.File("plot.jpg")}).status, 2);
+  EXPECT_EQ(Run({"info", file, "--grid"}).status, 2);
 }
 
 TEST_F(CliTest, BadUsageExitsWithTwoAndTheUsage) {

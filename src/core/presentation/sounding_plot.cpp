@@ -147,7 +147,7 @@ void PlotDrawing::DepthAxis() {
   const double left = plot_.PlotAreaLeft;
   g_.Line(left, top, left, bottom, kBlack);
   const std::string caption = (plot_.ElevationMode ? "Elev. " : "Depth ") + DepthUnitText(plot_);
-  Text(std::max(0.0, left - g_.TextWidth(caption) - 2), top - g_.TextHeight("Ag") * 1.2, caption);
+  Text(std::max(0.0, left - g_.TextWidth(caption) - 2), top - g_.TextHeight("Ag") * 2.2, caption);
   const double step = plot_.DepthAxisStep > 0 ? plot_.DepthAxisStep : 1;
   const double first = std::ceil(plot_.DepthAxisMin / step) * step;
   for (double d = first; d <= plot_.DepthAxisMax + step * 1e-9; d += step) {
@@ -181,8 +181,9 @@ void PlotDrawing::Column(int i) {
     g_.Line(x, top, x, top - 4, kBlack);
     if (plot_.GridOn && v != min && v != max) g_.Line(x, top, x, bottom, kGridColour);
     const std::string label = FormatNumber(v, pattern);
-    const double label_left = x - g_.TextWidth(label) / 2;
-    if (label_left > last_label_right + 2) {
+    // Labels stay inside their column and never run into the one before.
+    const double label_left = std::clamp(x - g_.TextWidth(label) / 2, left + 1, left + width - g_.TextWidth(label) - 1);
+    if (label_left > last_label_right + 3) {
       Text(label_left, top - line * 1.1, label);
       last_label_right = label_left + g_.TextWidth(label);
     }

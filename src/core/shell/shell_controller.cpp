@@ -237,10 +237,10 @@ bool ShellController::CheckPlotSelection() {
   return true;
 }
 
-void ShellController::PlotSounding() {
-  Guarded("cmdPlotSounding_Click", [&] {
-    if (CheckPlotSelection()) NotAvailable("The sounding plot window");
-  });
+bool ShellController::PlotSounding() {
+  bool open = false;
+  Guarded("cmdPlotSounding_Click", [&] { open = CheckPlotSelection(); });
+  return open;
 }
 
 void ShellController::ListSounding() {
@@ -255,7 +255,6 @@ void ShellController::ListSounding() {
 
 void ShellController::ListEcp() { NotAvailable("The ECP list window"); }
 void ShellController::EditSounding() { NotAvailable("The sounding editor"); }
-void ShellController::SetWaterTableDepth() { NotAvailable("The water table dialog"); }
 
 bool ShellController::SoundingDone(const std::function<void(ViewWindow)>& close_window) {
   bool done = false;

@@ -49,11 +49,11 @@ class ShellController {
   void ClearSelection();
   // The checks of the plot button; true when the selection can be plotted.
   bool CheckPlotSelection();
-  void PlotSounding();
+  // The plot button: true when the plot window is to open on the selected channels.
+  bool PlotSounding();
   void ListSounding();
   void ListEcp();
   void EditSounding();
-  void SetWaterTableDepth();
   // Closes the sounding after asking about each open window; close_window closes one. False when
   // the user kept a window open.
   bool SoundingDone(const std::function<void(ViewWindow)>& close_window);

@@ -16,6 +16,8 @@
 
 #include "ui/common/event_guard.h"
 #include "ui/common/qt_prompts.h"
+#include "ui/editing/parameter_dialogs_ui.h"
+#include "ui/presentation/form4.h"
 
 namespace marlview {
 namespace {
@@ -48,6 +50,8 @@ Form1::Form1(Session& session, UserPrompts& prompts, QWidget* parent)
   Refresh();
   resize(760, 560);
 }
+
+Form1::~Form1() = default;
 
 void Form1::BuildControls() {
   auto* central = new QWidget(this);
@@ -155,6 +159,8 @@ void Form1::BuildMenus() {
 void Form1::Handle(const char* source, const std::function<void()>& handler) {
   RunGuarded(prompts_, source, handler);
   Refresh();
+  // An event here may have derived the sounding again; an open plot shows it at once.
+  if (plot_window_ != nullptr && session_.flags.PlotWindowOpen) plot_window_->Repaint();
 }
 
 void Form1::Connect() {
@@ -176,18 +182,22 @@ void Form1::Connect() {
   connect(cmdClearSelection, &QPushButton::clicked, this,
           [this] { Handle("cmdClearSelection_Click", [&] { controller_.ClearSelection(); }); });
   connect(cmdPlotSounding, &QPushButton::clicked, this,
-          [this] { Handle("cmdPlotSounding_Click", [&] { controller_.PlotSounding(); }); });
+          [this] { Handle("cmdPlotSounding_Click", [&] { OpenPlotWindow(); }); });
   connect(cmdListSounding, &QPushButton::clicked, this,
           [this] { Handle("cmdListSounding_Click", [&] { controller_.ListSounding(); }); });
   connect(cmdListECP, &QPushButton::clicked, this,
           [this] { Handle("cmdListECP_Click", [&] { controller_.ListEcp(); }); });
   connect(cmdEditSounding, &QPushButton::clicked, this,
           [this] { Handle("cmdEditSounding_Click", [&] { controller_.EditSounding(); }); });
-  connect(cmdSetWaterTableDepth, &QPushButton::clicked, this,
-          [this] { Handle("cmdSetWaterTableDepth_Click", [&] { controller_.SetWaterTableDepth(); }); });
+  connect(cmdSetWaterTableDepth, &QPushButton::clicked, this, [this] {
+    Handle("cmdSetWaterTableDepth_Click", [&] {
+      FrmChangeWaterTableDepth(session_, prompts_, this).exec();
+      if (plot_window_ != nullptr) plot_window_->Repaint();
+    });
+  });
   connect(cmdSoundingDone, &QPushButton::clicked, this, [this] {
-    // No window of a view exists yet in this version, so there is nothing to close here.
-    Handle("cmdSoundingDone_Click", [&] { controller_.SoundingDone([](ViewWindow) {}); });
+    Handle("cmdSoundingDone_Click",
+           [&] { controller_.SoundingDone([this](ViewWindow window) { CloseViewWindow(window); }); });
   });
   connect(chkPiezoFilterPresent, &QCheckBox::clicked, this, [this](bool checked) {
     Handle("chkPiezoFilterPresent_Click", [&] { controller_.SetPiezoFilterPresent(checked); });
@@ -214,6 +224,32 @@ void Form1::Connect() {
   later(mnuClassificationChart, "The soil classification chart");
   connect(mnuAbout, &QAction::triggered, this,
           [this] { Handle("mnuAbout_Click", [&] { prompts_.Tell(kProgramTitle); }); });
+}
+
+void Form1::OpenPlotWindow() {
+  if (!controller_.PlotSounding()) return;
+  ClosePlotWindow();
+  plot_window_ = std::make_unique<Form4>(session_, prompts_, controller_.SelectedChannels(),
+                                         controller_.SbtChartChoice(), [this] { ReturnFromPlot(); }, this);
+  plot_window_->show();
+}
+
+void Form1::ClosePlotWindow() {
+  if (plot_window_ == nullptr) return;
+  plot_window_->close();
+  // The close may come from one of the window's own menus, which is still running.
+  plot_window_.release()->deleteLater();
+}
+
+void Form1::CloseViewWindow(ViewWindow window) {
+  // The plot is the only view with a window in this version.
+  if (window == ViewWindow::kPlot) ClosePlotWindow();
+}
+
+void Form1::ReturnFromPlot() {
+  ClosePlotWindow();
+  Handle("mnuReturn_Click",
+         [&] { controller_.SoundingDone([this](ViewWindow window) { CloseViewWindow(window); }); });
 }
 
 void Form1::Refresh() {

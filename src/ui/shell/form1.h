@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <memory>
 
 #include "core/common/user_prompts.h"
 #include "core/shell/session.h"
@@ -18,13 +19,18 @@ class QRadioButton;
 
 namespace marlview {
 
+class Form4;
+
 class Form1 : public QMainWindow {
   Q_OBJECT
 
  public:
   Form1(Session& session, UserPrompts& prompts, QWidget* parent = nullptr);
+  ~Form1() override;
 
   ShellController& Controller() { return controller_; }
+  // The plot window last opened, until the main window closes it (the user closing it only hides it).
+  Form4* PlotWindow() const { return plot_window_.get(); }
 
   QGroupBox* frmSelectTestType;
   QRadioButton* optProcessSounding;
@@ -67,11 +73,18 @@ class Form1 : public QMainWindow {
   void Refresh();
   void Handle(const char* source, const std::function<void()>& handler);
   QAction* AddMenuAction(class QMenu* menu, const char* name, const QString& caption);
+  void OpenPlotWindow();
+  // Closes the plot window; it is deleted once the event that asked for it is over.
+  void ClosePlotWindow();
+  void CloseViewWindow(ViewWindow window);
+  // The plot window's way back: closes it and runs the sounding's done flow.
+  void ReturnFromPlot();
 
   Session& session_;
   UserPrompts& prompts_;
   ShellController controller_;
   QButtonGroup* modes_ = nullptr;
+  std::unique_ptr<Form4> plot_window_;
 };
 
 }  // namespace marlview

@@ -1,0 +1,50 @@
+// The water table and wet density dialogs of the plot and the main window: each box is filled from
+// the session, and OK hands the entry to the core, which checks it and derives the sounding again.
+#pragma once
+
+#include <QDialog>
+
+#include "core/common/user_prompts.h"
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace marlview {
+
+class Session;
+
+class FrmChangeWaterTableDepth : public QDialog {
+  Q_OBJECT
+
+ public:
+  FrmChangeWaterTableDepth(Session& session, UserPrompts& prompts, QWidget* parent = nullptr);
+
+  QLineEdit* txtWaterTableDepth;
+  QLabel* lblDepthUnits;
+  QPushButton* cmdOK;
+  QPushButton* cmdUndefined;
+  QPushButton* cmdCancel;
+
+ private:
+  Session& session_;
+  UserPrompts& prompts_;
+};
+
+class FrmWetDensity : public QDialog {
+  Q_OBJECT
+
+ public:
+  FrmWetDensity(Session& session, UserPrompts& prompts, QWidget* parent = nullptr);
+
+  QLineEdit* txtWetDensity;
+  QLabel* lblWetDensityUnits;
+  QPushButton* cmdOK;
+  QPushButton* cmdCancel;
+
+ private:
+  Session& session_;
+  UserPrompts& prompts_;
+};
+
+}  // namespace marlview
