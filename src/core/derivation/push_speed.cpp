@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "core/common/number_read.h"
+#include "core/derivation/artefacts.h"
 
 namespace marlview {
 namespace {
@@ -20,18 +21,11 @@ void RepairSlowRows(std::vector<double>& speed, int n) {
   speed = std::move(repaired);
 }
 
-// Rod break smoothing of the speed comes with the rod break handling; the switch and its place in
-// the calculation are kept here.
-void SmoothRodBreaks(std::vector<double>&, int, const PushSpeedSettings&) {}
-
-std::vector<double> SpeedFromDepthAndTime(const SoundingStore& s) {
+std::vector<double> SpeedFromDepthAndTime(const SoundingStore& s, const std::vector<double>& time) {
   const int n = s.ReadingCount;
   std::vector<double> speed(static_cast<size_t>(n) + 2, 0.0);
-  std::vector<double> time(static_cast<size_t>(n) + 2, 0.0), depth(static_cast<size_t>(n) + 2, 0.0);
-  for (int r = 1; r <= n; ++r) {
-    time[r] = TailSeconds(s.RowTail[r]);
-    depth[r] = s.DepthTable(r, 1);
-  }
+  std::vector<double> depth(static_cast<size_t>(n) + 2, 0.0);
+  for (int r = 1; r <= n; ++r) depth[r] = s.DepthTable(r, 1);
   // The latest time and the greatest depth from each row on, so a row with nothing later is
   // passed over without a scan.
   std::vector<double> latest(static_cast<size_t>(n) + 2, -1e300), deepest(static_cast<size_t>(n) + 2, -1e300);
@@ -74,9 +68,11 @@ void CalculatePushSpeed(ChannelValues& v, int c, const PushSpeedSettings& settin
     for (int r = 1; r <= n; ++r) speed[r] = s.PushSpeed[r];
     RepairSlowRows(speed, n);
   } else {
-    speed = SpeedFromDepthAndTime(s);
+    std::vector<double> seconds(static_cast<size_t>(n) + 2, 0.0);
+    for (int r = 1; r <= n; ++r) seconds[r] = TailSeconds(s.RowTail[r]);
+    speed = SpeedFromDepthAndTime(s, seconds);
     RepairSlowRows(speed, n);
-    if (settings.remove_rod_breaks) SmoothRodBreaks(speed, n, settings);
+    if (settings.remove_rod_breaks) SmoothRodBreaks(speed, seconds, n, settings.rod_break_threshold_s);
     // The last moving reading and the stopped ones after it take the speed of the reading before.
     int k = n;
     while (k >= 1 && speed[k] <= 0) --k;

@@ -11,6 +11,7 @@
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
+#include "core/derivation/artefacts.h"
 #include "core/derivation/derived_channels.h"
 #include "core/model/catalogue.h"
 #include "core/model/conversion.h"
@@ -670,8 +671,22 @@ void DatReader::DepthsFromRodChannel(float start) {
   s_.ReadingCount = kept;
 }
 
+// Engineering values, then spikes (asked about once for a run of opens), then the values again and
+// the alignment to the tip.
 void DatReader::ConvertAndAlign() {
-  for (int c = 1; c <= s_.ChannelCount; ++c) ConvertChannel(s_, session_.units, c);
+  auto convert = [this] {
+    for (int c = 1; c <= s_.ChannelCount; ++c) ConvertChannel(s_, session_.units, c);
+  };
+  convert();
+  if (CountSpikes(s_) > 0 && session_.RemoveSpikesAnswer == -1) {
+    const Answer answer = prompts_.Ask(
+        "ONE OR MORE SPIKES HAVE BEEN DETECTED IN " + s_.SoundingFileName + ". REMOVE?", Buttons::kYesNo);
+    session_.RemoveSpikesAnswer = answer == Answer::kYes ? 1 : 0;
+  }
+  if (session_.RemoveSpikesAnswer == 1) {
+    RemoveSpikes(s_);
+    convert();
+  }
   for (int c = 1; c <= s_.ChannelCount; ++c) AlignChannel(s_, c);
 }
 
