@@ -15,6 +15,8 @@
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
 #include "core/derivation/derived_channels.h"
+#include "core/common/file_access.h"
+#include "core/presentation/sounding_exports.h"
 #include "core/presentation/sounding_plot.h"
 #include "render/image_surface.h"
 #include "render/pdf_print_job.h"
@@ -46,6 +48,8 @@ constexpr const char* kUsage =
     "                    [--spikes remove|keep] [--munsell import|skip] [--tip-area MM2] [--yes]\n"
     "                    info FILE\n"
     "                    channels FILE [--kind K | --mirror M | --unaligned | --raw]\n"
+    "                    export FILE --format txt|csv|cor|gin -o OUT [--channel NAME]... [--no-header]\n"
+    "                           [--unit psi|tsf|kpa|mpa] [--elevation] [--unadjusted]\n"
     "                    plot FILE -o OUT.png|OUT.pdf [--channel NAME]... [--width W --height H] [--grid]\n"
     "                         [--elevation]\n";
 
@@ -64,6 +68,10 @@ struct Options {
   std::optional<int> width, height;
   bool grid = false;
   bool elevation = false;
+  std::string format;
+  bool no_header = false;
+  std::string unit;
+  bool unadjusted = false;
 };
 
 class UsageError : public std::runtime_error {
@@ -119,6 +127,10 @@ Options Parse(const std::vector<std::string>& args) {
     else if (a == "--width") o.width = ToInt(value(), 16, 20000, a);
     else if (a == "--height") o.height = ToInt(value(), 16, 20000, a);
     else if (a == "--grid") o.grid = true;
+    else if (a == "--format") o.format = value();
+    else if (a == "--no-header") o.no_header = true;
+    else if (a == "--unit") o.unit = value();
+    else if (a == "--unadjusted") o.unadjusted = true;
     else if (a == "--elevation") o.elevation = true;
     else if (a.starts_with("--")) throw UsageError("unknown option " + a);
     else o.positional.push_back(a);
@@ -206,24 +218,59 @@ void WriteChannelsCsv(const SoundingStore& s, const Options& o, std::ostream& ou
   }
 }
 
-// Chooses the channels as the main window's lists do, with the plot button's checks, and draws
-// the plot window's picture into a PNG or its printed page into a PDF.
-int RunPlot(Session& session, ShellController& controller, CliPrompts& prompts, const Options& options,
-            std::ostream& err) {
+// The channels named on the command line, or the main window's list in its order; false (and the
+// usage) for a name the sounding does not have.
+bool ChooseChannels(ShellController& controller, const Options& options, size_t limit, std::ostream& err) {
   const auto& rows = controller.View().available_rows;
   if (options.channel_names.empty()) {
-    for (int row = 0; row < static_cast<int>(rows.size()) && row < kMaxPlotColumns; ++row) {
-      controller.ClickAvailableChannel(row);
-    }
+    for (size_t row = 0; row < rows.size() && row < limit; ++row) controller.ClickAvailableChannel(static_cast<int>(row));
+    return true;
   }
   for (const std::string& name : options.channel_names) {
     const auto found = std::find(rows.begin(), rows.end(), name);
     if (found == rows.end()) {
       err << "marlview-cli: no channel named '" << name << "'\n" << kUsage;
-      return 2;
+      return false;
     }
     controller.ClickAvailableChannel(static_cast<int>(found - rows.begin()));
   }
+  return true;
+}
+
+// Writes the list's export files for the chosen channels.
+int RunExport(Session& session, ShellController& controller, CliPrompts& prompts, const Options& options,
+              std::ostream& err) {
+  if (!ChooseChannels(controller, options, 30, err)) return 2;
+  ExportOptions exported;
+  exported.channels = controller.SelectedChannels();
+  exported.include_header = !options.no_header;
+  exported.raw = options.unadjusted;
+  exported.elevation = options.elevation;
+  exported.depth_unit = options.feet ? 2 : 1;
+  try {
+    std::string bytes;
+    if (options.format == "txt") {
+      bytes = TxtExport(session, exported);
+    } else if (options.format == "gin") {
+      const GinUnit unit = options.unit == "tsf" ? GinUnit::kTsf : options.unit == "kpa" ? GinUnit::kKpa
+                           : options.unit == "mpa" ? GinUnit::kMpa : GinUnit::kPsi;
+      bytes = GinExport(session, unit);
+    } else {
+      bytes = CsvExport(session, exported, options.format);
+    }
+    InProcedure("ExportFile", [&] { WriteFileAtomically(options.out, bytes); });
+  } catch (const RuntimeFailure& failure) {
+    prompts.Tell(GeneralErrorText(failure));
+    return 1;
+  }
+  return prompts.ErrorShown() ? 1 : 0;
+}
+
+// Chooses the channels as the main window's lists do, with the plot button's checks, and draws
+// the plot window's picture into a PNG or its printed page into a PDF.
+int RunPlot(Session& session, ShellController& controller, CliPrompts& prompts, const Options& options,
+            std::ostream& err) {
+  if (!ChooseChannels(controller, options, kMaxPlotColumns, err)) return 2;
   // A refused selection has been told; nothing is drawn.
   if (!controller.PlotSounding()) return 1;
   EnsureGuiApplication();
@@ -259,8 +306,8 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
     options = Parse(args);
     if (options.positional.empty()) throw UsageError("a subcommand is needed");
     const std::string& command = options.positional[0];
-    if (command != "info" && command != "channels" && command != "plot") {
-      static const char* kLater[] = {"export", "edit", "dissipation", "seismic"};
+    if (command != "info" && command != "channels" && command != "plot" && command != "export") {
+      static const char* kLater[] = {"edit", "dissipation", "seismic"};
       for (const char* later : kLater) {
         if (command == later) throw UsageError("'" + command + "' is not available in this version of marlview-cli yet");
       }
@@ -269,9 +316,26 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
     if (options.positional.size() != 2) throw UsageError(command + " takes one FILE");
     const int modes = (options.kind ? 1 : 0) + (options.mirror ? 1 : 0) + (options.unaligned ? 1 : 0) + (options.raw ? 1 : 0);
     if (command != "channels" && modes > 0) throw UsageError(command + " takes no table options");
-    const bool plot_options = !options.out.empty() || !options.channel_names.empty() || options.width ||
-                              options.height || options.grid || options.elevation;
+    const bool plot_options = options.width || options.height || options.grid;
     if (command != "plot" && plot_options) throw UsageError(command + " takes no plot options");
+    const bool export_options = !options.format.empty() || options.no_header || !options.unit.empty() ||
+                                options.unadjusted;
+    if (command != "export" && export_options) throw UsageError(command + " takes no export options");
+    if ((command == "info" || command == "channels") &&
+        (!options.out.empty() || !options.channel_names.empty() || options.elevation)) {
+      throw UsageError(command + " takes no -o, --channel or --elevation");
+    }
+    if (command == "export") {
+      if (options.format == "ecp") throw UsageError("the ECP export is not available in this version of marlview-cli yet");
+      if (options.format != "txt" && options.format != "csv" && options.format != "cor" && options.format != "gin") {
+        throw UsageError("export takes --format txt, csv, cor or gin");
+      }
+      if (options.out.empty()) throw UsageError("export writes -o OUT");
+      if (!options.unit.empty() && options.unit != "psi" && options.unit != "tsf" && options.unit != "kpa" &&
+          options.unit != "mpa") {
+        throw UsageError("--unit is psi, tsf, kpa or mpa");
+      }
+    }
     if (command == "plot" && !EndsWithNoCase(options.out, ".png") && !EndsWithNoCase(options.out, ".pdf")) {
       throw UsageError("plot writes -o OUT.png or OUT.pdf");
     }
@@ -302,6 +366,7 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
     }
   }
   if (options.positional[0] == "plot") return RunPlot(session, controller, prompts, options, err);
+  if (options.positional[0] == "export") return RunExport(session, controller, prompts, options, err);
   if (options.positional[0] == "info") {
     out << InfoJson(s).dump(2) << '\n';
   } else {

@@ -105,6 +105,21 @@ TEST_F(CliTest, PlotDrawsAPictureOrAPageWithThePlotButtonsChecks) {
   EXPECT_EQ(Run({"info", file, "--grid"}).status, 2);
 }
 
+TEST_F(CliTest, ExportWritesTheListsFiles) {
+  const std::string file = Write("SMALL.DAT", SimpleDat(3).Bytes());
+  const std::string csv = files_.File("small.csv");
+  const CliRun run = Run({"export", file, "--format", "csv", "-o", csv, "--no-header", "--channel", "Sleeve Friction",
+                          "--channel", "Tip Resistance (Qc)"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(ReadWholeFile(csv).substr(0, 43), "Depth,Sleeve (Fs),Tip (Qc)\r\n(m),(psi),(psi)");
+  const std::string gin = files_.File("small.gIN");
+  EXPECT_EQ(Run({"export", file, "--format", "gin", "--unit", "tsf", "-o", gin}).status, 0);
+  EXPECT_EQ(ReadWholeFile(gin).substr(0, 9), "**PROJECT");
+  EXPECT_EQ(Run({"export", file, "--format", "ecp", "-o", gin}).status, 2) << "not in this version";
+  EXPECT_EQ(Run({"export", file, "--format", "txt"}).status, 2) << "no -o";
+  EXPECT_EQ(Run({"export", file, "--format", "gin", "--unit", "bar", "-o", gin}).status, 2);
+}
+
 TEST_F(CliTest, BadUsageExitsWithTwoAndTheUsage) {
   const std::string file = Write("SMALL.DAT", SimpleDat(3).Bytes());
   const std::vector<std::vector<std::string>> cases = {{"--colour", "info", file},
