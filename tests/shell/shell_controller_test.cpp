@@ -80,8 +80,12 @@ TEST_F(ShellTest, NamesThatAreNotSoundingsTakeTheWayBack) {
 
 TEST_F(ShellTest, ListingNeedsASelection) {
   OpenSample("CPT-A01.DAT");
-  controller.ListSounding();
+  EXPECT_FALSE(controller.ListSounding());
   EXPECT_EQ(t.prompts.Log().back(), "! Select parameter(s) first !");
+  controller.ClickAvailableChannel(0);
+  t.prompts.ClearLog();
+  EXPECT_TRUE(controller.ListSounding());
+  EXPECT_TRUE(t.prompts.Log().empty());
 }
 
 TEST_F(ShellTest, PlotChecksRefuseWhatCannotBeDrawn) {

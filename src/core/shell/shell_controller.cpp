@@ -243,14 +243,16 @@ bool ShellController::PlotSounding() {
   return open;
 }
 
-void ShellController::ListSounding() {
+bool ShellController::ListSounding() {
+  bool open = false;
   Guarded("cmdListSounding_Click", [&] {
     if (selected_.empty()) {
       prompts_.Tell("Select parameter(s) first !");
       return;
     }
-    NotAvailable("The sounding list window");
+    open = true;
   });
+  return open;
 }
 
 void ShellController::ListEcp() { NotAvailable("The ECP list window"); }

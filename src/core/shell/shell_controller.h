@@ -51,7 +51,8 @@ class ShellController {
   bool CheckPlotSelection();
   // The plot button: true when the plot window is to open on the selected channels.
   bool PlotSounding();
-  void ListSounding();
+  // The list button: true when the list window is to open on the selected channels.
+  bool ListSounding();
   void ListEcp();
   void EditSounding();
   // Closes the sounding after asking about each open window; close_window closes one. False when

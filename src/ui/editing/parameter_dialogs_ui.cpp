@@ -9,20 +9,11 @@
 
 #include "core/editing/parameter_dialogs.h"
 #include "core/shell/session.h"
+#include "ui/common/named.h"
 #include "ui/common/event_guard.h"
 #include "ui/common/qt_prompts.h"
 
 namespace marlview {
-namespace {
-
-template <typename Widget>
-Widget* Named(Widget* widget, const char* name) {
-  widget->setObjectName(name);
-  return widget;
-}
-
-}  // namespace
-
 FrmChangeWaterTableDepth::FrmChangeWaterTableDepth(Session& session, UserPrompts& prompts, QWidget* parent)
     : QDialog(parent), session_(session), prompts_(prompts) {
   setObjectName("frmChangeWaterTableDepth");

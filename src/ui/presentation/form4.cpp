@@ -17,6 +17,7 @@
 #include "core/common/number_format.h"
 #include "core/common/runtime_failure.h"
 #include "core/shell/session.h"
+#include "ui/common/named.h"
 #include "ui/common/event_guard.h"
 #include "ui/common/qt_prompts.h"
 #include "ui/editing/parameter_dialogs_ui.h"
@@ -26,12 +27,6 @@
 
 namespace marlview {
 namespace {
-
-template <typename Widget>
-Widget* Named(Widget* widget, const char* name) {
-  widget->setObjectName(name);
-  return widget;
-}
 
 constexpr double kCentimetresPerInch = 2.54;
 

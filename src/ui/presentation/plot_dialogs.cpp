@@ -14,17 +14,12 @@
 #include "core/common/number_read.h"
 #include "core/common/text_rules.h"
 #include "core/shell/session.h"
+#include "ui/common/named.h"
 #include "ui/common/event_guard.h"
 #include "ui/common/qt_prompts.h"
 
 namespace marlview {
 namespace {
-
-template <typename Widget>
-Widget* Named(Widget* widget, const char* name) {
-  widget->setObjectName(name);
-  return widget;
-}
 
 constexpr const char* kScaleFilter = "Scale File (*.SCL)|*.SCL";
 constexpr const char* kBoxFormat = "##0.00";

@@ -14,19 +14,15 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include "ui/common/named.h"
 #include "ui/common/event_guard.h"
 #include "ui/common/qt_prompts.h"
 #include "ui/editing/parameter_dialogs_ui.h"
 #include "ui/presentation/form4.h"
+#include "ui/presentation/sounding_data_window.h"
 
 namespace marlview {
 namespace {
-
-template <typename Widget>
-Widget* Named(Widget* widget, const char* name) {
-  widget->setObjectName(name);
-  return widget;
-}
 
 void FillList(QListWidget* list, const std::vector<std::string>& rows) {
   QStringList texts;
@@ -161,6 +157,7 @@ void Form1::Handle(const char* source, const std::function<void()>& handler) {
   Refresh();
   // An event here may have derived the sounding again; an open plot shows it at once.
   if (plot_window_ != nullptr && session_.flags.PlotWindowOpen) plot_window_->Repaint();
+  if (list_window_ != nullptr && session_.flags.ListWindowOpen) list_window_->Refill();
 }
 
 void Form1::Connect() {
@@ -184,7 +181,7 @@ void Form1::Connect() {
   connect(cmdPlotSounding, &QPushButton::clicked, this,
           [this] { Handle("cmdPlotSounding_Click", [&] { OpenPlotWindow(); }); });
   connect(cmdListSounding, &QPushButton::clicked, this,
-          [this] { Handle("cmdListSounding_Click", [&] { controller_.ListSounding(); }); });
+          [this] { Handle("cmdListSounding_Click", [&] { OpenListWindow(); }); });
   connect(cmdListECP, &QPushButton::clicked, this,
           [this] { Handle("cmdListECP_Click", [&] { controller_.ListEcp(); }); });
   connect(cmdEditSounding, &QPushButton::clicked, this,
@@ -193,6 +190,7 @@ void Form1::Connect() {
     Handle("cmdSetWaterTableDepth_Click", [&] {
       FrmChangeWaterTableDepth(session_, prompts_, this).exec();
       if (plot_window_ != nullptr) plot_window_->Repaint();
+      if (list_window_ != nullptr && session_.flags.ListWindowOpen) list_window_->Refill();
     });
   });
   connect(cmdSoundingDone, &QPushButton::clicked, this, [this] {
@@ -241,9 +239,22 @@ void Form1::ClosePlotWindow() {
   plot_window_.release()->deleteLater();
 }
 
+void Form1::OpenListWindow() {
+  if (!controller_.ListSounding()) return;
+  CloseListWindow();
+  list_window_ = std::make_unique<FrmSoundingData>(session_, prompts_, controller_.SelectedChannels(), this);
+  list_window_->show();
+}
+
+void Form1::CloseListWindow() {
+  if (list_window_ == nullptr) return;
+  list_window_->close();
+  list_window_.release()->deleteLater();
+}
+
 void Form1::CloseViewWindow(ViewWindow window) {
-  // The plot is the only view with a window in this version.
   if (window == ViewWindow::kPlot) ClosePlotWindow();
+  if (window == ViewWindow::kList) CloseListWindow();
 }
 
 void Form1::ReturnFromPlot() {

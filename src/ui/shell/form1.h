@@ -20,6 +20,7 @@ class QRadioButton;
 namespace marlview {
 
 class Form4;
+class FrmSoundingData;
 
 class Form1 : public QMainWindow {
   Q_OBJECT
@@ -31,6 +32,8 @@ class Form1 : public QMainWindow {
   ShellController& Controller() { return controller_; }
   // The plot window last opened, until the main window closes it (the user closing it only hides it).
   Form4* PlotWindow() const { return plot_window_.get(); }
+  // The list window last opened, kept the same way.
+  FrmSoundingData* ListWindow() const { return list_window_.get(); }
 
   QGroupBox* frmSelectTestType;
   QRadioButton* optProcessSounding;
@@ -76,6 +79,8 @@ class Form1 : public QMainWindow {
   void OpenPlotWindow();
   // Closes the plot window; it is deleted once the event that asked for it is over.
   void ClosePlotWindow();
+  void OpenListWindow();
+  void CloseListWindow();
   void CloseViewWindow(ViewWindow window);
   // The plot window's way back: closes it and runs the sounding's done flow.
   void ReturnFromPlot();
@@ -85,6 +90,7 @@ class Form1 : public QMainWindow {
   ShellController controller_;
   QButtonGroup* modes_ = nullptr;
   std::unique_ptr<Form4> plot_window_;
+  std::unique_ptr<FrmSoundingData> list_window_;
 };
 
 }  // namespace marlview

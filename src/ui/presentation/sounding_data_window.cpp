@@ -1,0 +1,239 @@
+// The sounding data window: widgets named as the controls they are; the rows, the texts, the
+// settings and the saving of exports belong to the core's list.
+#include "ui/presentation/sounding_data_window.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QHeaderView>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QTableWidget>
+#include <QVBoxLayout>
+#include <string>
+
+#include "core/presentation/sounding_exports.h"
+#include "core/shell/session.h"
+#include "ui/common/named.h"
+#include "ui/common/event_guard.h"
+#include "ui/common/qt_prompts.h"
+#include "ui/editing/parameter_dialogs_ui.h"
+#include "ui/presentation/printer_print_job.h"
+
+namespace marlview {
+namespace {
+
+constexpr int kPixelsPerCharacter = 7;
+
+}  // namespace
+
+FrmSoundingData::FrmSoundingData(Session& session, UserPrompts& prompts, std::vector<int> channels,
+                                 QWidget* parent)
+    : QMainWindow(parent), session_(session), prompts_(prompts) {
+  setObjectName("frmSoundingData");
+  setWindowTitle(ToQString("SOUNDING DATA: " + session_.Sounding().SoundingFileName));
+  view_.channels = std::move(channels);
+  view_.depth_unit = session_.DepthUnitIsMetric == 1 ? 1 : 2;
+  session_.flags.ListWindowOpen = true;
+  BuildControls();
+  BuildMenus();
+  Connect();
+  UpdateChecks();
+  Refill();
+  resize(900, 700);
+}
+
+FrmSoundingData::~FrmSoundingData() {
+  if (open_) session_.flags.ListWindowOpen = false;
+}
+
+void FrmSoundingData::closeEvent(QCloseEvent* event) {
+  open_ = false;
+  session_.flags.ListWindowOpen = false;
+  QMainWindow::closeEvent(event);
+}
+
+void FrmSoundingData::BuildControls() {
+  auto* central = new QWidget(this);
+  auto* layout = new QVBoxLayout(central);
+  lblHeader = Named(new QPlainTextEdit(central), "lblHeader");
+  lblHeader->setReadOnly(true);
+  lblHeader->setLineWrapMode(QPlainTextEdit::NoWrap);
+  lblHeader->setMaximumHeight(180);
+  layout->addWidget(lblHeader);
+  grdData = Named(new QTableWidget(central), "grdData");
+  grdData->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  grdData->verticalHeader()->hide();
+  VScroll1 = Named(grdData->verticalScrollBar(), "VScroll1");
+  HScroll1 = Named(grdData->horizontalScrollBar(), "HScroll1");
+  layout->addWidget(grdData, 1);
+  setCentralWidget(central);
+}
+
+QAction* FrmSoundingData::AddMenuAction(QMenu* menu, const char* name, const QString& caption) {
+  QAction* action = menu->addAction(caption);
+  action->setObjectName(name);
+  return action;
+}
+
+void FrmSoundingData::BuildMenus() {
+  QMenu* file = menuBar()->addMenu("&File");
+  file->setObjectName("mnuFile");
+  mnuPrint = AddMenuAction(file, "mnuPrint", "&Print...");
+  file->addSeparator();
+  QMenu* save = file->addMenu("&Save / Export");
+  save->setObjectName("mnuSave");
+  mnuSavetxtIncludeHeader = AddMenuAction(save, "mnuSavetxtIncludeHeader", "Save .txt File (Include Header)");
+  mnuSavetxtDiscardHeader = AddMenuAction(save, "mnuSavetxtDiscardHeader", "Save .txt File (Discard Header)");
+  mnuExportCSVFileIncludeHeader =
+      AddMenuAction(save, "mnuExportCSVFileIncludeHeader", "Export .csv File (Include Header)");
+  mnuExportCSVFileDiscardHeader =
+      AddMenuAction(save, "mnuExportCSVFileDiscardHeader", "Export .csv File (Discard Header)");
+  mnuExportCorFileIncludeHeader =
+      AddMenuAction(save, "mnuExportCorFileIncludeHeader", "Export .cor File (Include Header)");
+  mnuExportCorFileDiscardHeader =
+      AddMenuAction(save, "mnuExportCorFileDiscardHeader", "Export .cor File (Discard Header)");
+  QMenu* gin = save->addMenu("Export &gIN File");
+  gin->setObjectName("mnuExportGin");
+  mnuExportGinPSI = AddMenuAction(gin, "mnuExportGinPSI", "psi");
+  mnuExportGinTSF = AddMenuAction(gin, "mnuExportGinTSF", "tsf");
+  mnuExportGinKPA = AddMenuAction(gin, "mnuExportGinKPA", "kPa");
+  mnuExportGinMPA = AddMenuAction(gin, "mnuExportGinMPA", "MPa");
+  mnuSaveSedimaxtxtFile = AddMenuAction(save, "mnuSaveSedimaxtxtFile", "Save Sedimax .txt File");
+  file->addSeparator();
+  mnuReturn = AddMenuAction(file, "mnuReturn", "&Return to Main Form");
+
+  QMenu* edit = menuBar()->addMenu("&Edit");
+  edit->setObjectName("mnuEdit");
+  mnuEditData = AddMenuAction(edit, "mnuEditData", "&Edit Data...");
+  mnuRemoveRodBreaks = AddMenuAction(edit, "mnuRemoveRodBreaks", "&Remove Rod Breaks");
+  mnuWaterTable = AddMenuAction(edit, "mnuWaterTable", "&Water Table Depth...");
+  mnuWetDensity = AddMenuAction(edit, "mnuWetDensity", "Wet &Density...");
+
+  QMenu* view = menuBar()->addMenu("&View");
+  view->setObjectName("mnuView");
+  mnuMeters = AddMenuAction(view, "mnuMeters", "&Meters");
+  mnuFeet = AddMenuAction(view, "mnuFeet", "&Feet");
+  view->addSeparator();
+  mnuAdjustedForOffsetDepth = AddMenuAction(view, "mnuAdjustedForOffsetDepth", "Adjusted for Offset - &Depth");
+  mnuAdjustedForOffsetElev = AddMenuAction(view, "mnuAdjustedForOffsetElev", "Adjusted for Offset - &Elevation");
+  mnuRawData = AddMenuAction(view, "mnuRawData", "&Raw Data");
+  view->addSeparator();
+  mnuDepthInterval = AddMenuAction(view, "mnuDepthInterval", "Depth &Interval...");
+  mnuColumnWidths = AddMenuAction(view, "mnuColumnWidths", "&Column Widths...");
+  for (QAction* action : {mnuMeters, mnuFeet, mnuAdjustedForOffsetDepth, mnuAdjustedForOffsetElev, mnuRawData}) {
+    action->setCheckable(true);
+  }
+}
+
+void FrmSoundingData::Handle(QAction* action, const char* source, std::function<void()> handler, bool refill) {
+  connect(action, &QAction::triggered, this, [this, source, handler = std::move(handler), refill] {
+    RunGuarded(prompts_, source, [&] {
+      handler();
+      if (refill) Refill();
+    });
+    UpdateChecks();
+  });
+}
+
+void FrmSoundingData::NotAvailable(const char* what) {
+  prompts_.Tell(std::string(what) + " is not available in this version of Marlview yet.");
+}
+
+void FrmSoundingData::Connect() {
+  Handle(mnuMeters, "mnuMeters_Click", [this] { view_.depth_unit = 1; }, true);
+  Handle(mnuFeet, "mnuFeet_Click", [this] { view_.depth_unit = 2; }, true);
+  Handle(mnuAdjustedForOffsetDepth, "mnuAdjustedForOffsetDepth_Click", [this] {
+    view_.raw = false;
+    view_.elevation = false;
+  }, true);
+  Handle(mnuAdjustedForOffsetElev, "mnuAdjustedForOffsetElev_Click", [this] {
+    view_.raw = false;
+    view_.elevation = true;
+  }, true);
+  Handle(mnuRawData, "mnuRawData_Click", [this] { view_.raw = true; }, true);
+  Handle(mnuDepthInterval, "mnuDepthInterval_Click", [this] {
+    const std::string entry =
+        prompts_.Input("DEPTH INTERVAL", "ENTER DEPTH INTERVAL (mm); 0 FOR ALL ROWS", ListIntervalEntry(view_));
+    if (ChangeListInterval(view_, prompts_, entry)) Refill();
+  }, false);
+  Handle(mnuColumnWidths, "mnuColumnWidths_Click", [this] {
+    const std::string entry = prompts_.Input("COLUMN WIDTH", "ENTER COLUMN WIDTH", std::to_string(session_.ColumnWidth));
+    if (ChangeColumnWidth(session_, prompts_, entry)) Refill();
+  }, false);
+  Handle(mnuWaterTable, "mnuWaterTable_Click", [this] { FrmChangeWaterTableDepth(session_, prompts_, this).exec(); },
+         true);
+  Handle(mnuWetDensity, "mnuWetDensity_Click", [this] { FrmWetDensity(session_, prompts_, this).exec(); }, true);
+  Handle(mnuPrint, "mnuPrint_Click", [this] {
+    PrintWithDialog(this, [this](PrintJob& job) { PrintList(job, session_, view_); });
+  }, false);
+
+  auto save = [this](QAction* action, const char* source, const char* extension, std::function<std::string()> render) {
+    Handle(action, source, [this, extension, render = std::move(render)] {
+      SaveExport(session_, prompts_, extension, render);
+    }, false);
+  };
+  auto txt = [this](bool header) { return TxtExport(session_, ListExportOptions(view_, header)); };
+  auto csv = [this](bool header, const char* extension) {
+    return CsvExport(session_, ListExportOptions(view_, header), extension);
+  };
+  save(mnuSavetxtIncludeHeader, "mnuSavetxtIncludeHeader_Click", "txt", [txt] { return txt(true); });
+  save(mnuSavetxtDiscardHeader, "mnuSavetxtDiscardHeader_Click", "txt", [txt] { return txt(false); });
+  save(mnuExportCSVFileIncludeHeader, "mnuExportCSVFileIncludeHeader_Click", "csv", [csv] { return csv(true, "csv"); });
+  save(mnuExportCSVFileDiscardHeader, "mnuExportCSVFileDiscardHeader_Click", "csv", [csv] { return csv(false, "csv"); });
+  save(mnuExportCorFileIncludeHeader, "mnuExportCorFileIncludeHeader_Click", "cor", [csv] { return csv(true, "cor"); });
+  save(mnuExportCorFileDiscardHeader, "mnuExportCorFileDiscardHeader_Click", "cor", [csv] { return csv(false, "cor"); });
+  const std::pair<QAction*, GinUnit> gins[] = {{mnuExportGinPSI, GinUnit::kPsi},
+                                               {mnuExportGinTSF, GinUnit::kTsf},
+                                               {mnuExportGinKPA, GinUnit::kKpa},
+                                               {mnuExportGinMPA, GinUnit::kMpa}};
+  for (const auto& [action, unit] : gins) {
+    save(action, "mnuExportGin_Click", "gIN", [this, unit = unit] { return GinExport(session_, unit); });
+  }
+  Handle(mnuSaveSedimaxtxtFile, "mnuSaveSedimaxtxtFile_Click", [] {}, false);
+  Handle(mnuEditData, "mnuEditData_Click", [this] { NotAvailable("The data editor"); }, false);
+  Handle(mnuRemoveRodBreaks, "mnuRemoveRodBreaks_Click", [this] { NotAvailable("Removing rod breaks"); }, false);
+  // Closing may lead the main window to delete this one later, so nothing of it is touched afterwards.
+  connect(mnuReturn, &QAction::triggered, this,
+          [this] { RunGuarded(prompts_, "mnuReturn_Click", [&] { close(); }); });
+}
+
+void FrmSoundingData::UpdateChecks() {
+  mnuMeters->setChecked(view_.depth_unit == 1);
+  mnuFeet->setChecked(view_.depth_unit != 1);
+  mnuAdjustedForOffsetDepth->setChecked(!view_.raw && !view_.elevation);
+  mnuAdjustedForOffsetElev->setChecked(!view_.raw && view_.elevation);
+  mnuRawData->setChecked(view_.raw);
+}
+
+void FrmSoundingData::Refill() {
+  QStringList header;
+  for (const std::string& line : TextHeaderBlock(session_, ListExportOptions(view_, true))) header << ToQString(line);
+  lblHeader->setPlainText(header.join('\n'));
+
+  const std::vector<int> rows = ListRows(session_, view_);
+  const std::vector<std::string> heading = ListHeading(session_, view_);
+  grdData->setUpdatesEnabled(false);
+  grdData->clear();
+  grdData->setColumnCount(static_cast<int>(heading.size()));
+  grdData->setRowCount(static_cast<int>(rows.size()));
+  QStringList labels;
+  for (const std::string& text : heading) labels << ToQString(text);
+  grdData->setHorizontalHeaderLabels(labels);
+  for (int i = 0; i < static_cast<int>(rows.size()); ++i) {
+    const int r = rows[static_cast<size_t>(i)];
+    grdData->setItem(i, 0, new QTableWidgetItem(ToQString(ListDepthText(session_, view_, r))));
+    for (size_t j = 0; j < view_.channels.size(); ++j) {
+      auto* item = new QTableWidgetItem(ToQString(ListCellText(session_, view_, r, view_.channels[j])));
+      item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+      grdData->setItem(i, static_cast<int>(j) + 1, item);
+    }
+  }
+  for (int column = 0; column < grdData->columnCount(); ++column) {
+    grdData->setColumnWidth(column, session_.ColumnWidth * kPixelsPerCharacter);
+  }
+  grdData->setUpdatesEnabled(true);
+}
+
+}  // namespace marlview

@@ -1,0 +1,82 @@
+// The sounding data window: the list of the chosen channels under the sounding's header block,
+// with the menus that change the view, print it and save it in the export forms.
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+#include <vector>
+
+#include "core/common/user_prompts.h"
+#include "core/presentation/sounding_list.h"
+
+class QAction;
+class QMenu;
+class QPlainTextEdit;
+class QScrollBar;
+class QTableWidget;
+
+namespace marlview {
+
+class Session;
+
+class FrmSoundingData : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  FrmSoundingData(Session& session, UserPrompts& prompts, std::vector<int> channels, QWidget* parent = nullptr);
+  ~FrmSoundingData() override;
+
+  const ListView& View() const { return view_; }
+  // Fills the header and the table again, after a change to the sounding or the view.
+  void Refill();
+
+  QPlainTextEdit* lblHeader;
+  QTableWidget* grdData;
+  QScrollBar* VScroll1;
+  QScrollBar* HScroll1;
+  QAction* mnuPrint;
+  QAction* mnuSavetxtIncludeHeader;
+  QAction* mnuSavetxtDiscardHeader;
+  QAction* mnuExportCSVFileIncludeHeader;
+  QAction* mnuExportCSVFileDiscardHeader;
+  QAction* mnuExportCorFileIncludeHeader;
+  QAction* mnuExportCorFileDiscardHeader;
+  QAction* mnuExportGinPSI;
+  QAction* mnuExportGinTSF;
+  QAction* mnuExportGinKPA;
+  QAction* mnuExportGinMPA;
+  QAction* mnuSaveSedimaxtxtFile;
+  QAction* mnuReturn;
+  QAction* mnuEditData;
+  QAction* mnuRemoveRodBreaks;
+  QAction* mnuWaterTable;
+  QAction* mnuWetDensity;
+  QAction* mnuMeters;
+  QAction* mnuFeet;
+  QAction* mnuAdjustedForOffsetDepth;
+  QAction* mnuAdjustedForOffsetElev;
+  QAction* mnuRawData;
+  QAction* mnuDepthInterval;
+  QAction* mnuColumnWidths;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void BuildControls();
+  void BuildMenus();
+  void Connect();
+  QAction* AddMenuAction(QMenu* menu, const char* name, const QString& caption);
+  // Runs a handler through the guard; refill afterwards when asked.
+  void Handle(QAction* action, const char* source, std::function<void()> handler, bool refill);
+  void UpdateChecks();
+  void NotAvailable(const char* what);
+
+  Session& session_;
+  UserPrompts& prompts_;
+  ListView view_;
+  // Until the window is closed; a window closed and deleted later leaves the flag of the next one be.
+  bool open_ = true;
+};
+
+}  // namespace marlview

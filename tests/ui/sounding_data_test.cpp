@@ -1,0 +1,140 @@
+// Drives the sounding data window offscreen from the main window: the list of the chosen channels,
+// the depth unit and elevation views, the depth interval, and saving the exports.
+#include "ui/presentation/sounding_data_window.h"
+
+#include <QAction>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStyleOptionButton>
+#include <QTableWidget>
+#include <QtTest>
+#include <memory>
+
+#include "core/common/file_access.h"
+#include "support/test_support.h"
+#include "ui/shell/form1.h"
+
+using marlview::FrmSoundingData;
+
+class SoundingDataTest : public QObject {
+  Q_OBJECT
+
+ private:
+  // Opens CPT-A01 and lists its tip resistance and 1990 zone (normalised tip).
+  FrmSoundingData* OpenList() {
+    t_->prompts.Script({marlview::test::SamplesDirectory() + "/CPT-A01.DAT"});
+    QRadioButton* option = form_->optProcessSounding;  // takes a click on its circle or caption only
+    QStyleOptionButton style;
+    style.initFrom(option);
+    style.text = option->text();
+    QTest::mouseClick(option, Qt::LeftButton, {},
+                      option->style()->subElementRect(QStyle::SE_RadioButtonClickRect, &style, option).center());
+    QListWidget* list = form_->lstAvailableChannels;
+    for (const char* name : {"Tip Resistance (Qc)", "SBT(QT)(1990)*"}) {
+      const auto found = list->findItems(name, Qt::MatchExactly);
+      if (found.isEmpty()) qFatal("no channel %s", name);
+      QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(found[0]).center());
+    }
+    t_->prompts.ClearLog();
+    QTest::mouseClick(form_->cmdListSounding, Qt::LeftButton);
+    FrmSoundingData* window = form_->ListWindow();
+    if (window == nullptr || !QTest::qWaitForWindowExposed(window)) qFatal("no list window");
+    return window;
+  }
+  QString Cell(FrmSoundingData* window, int row, int column) { return window->grdData->item(row, column)->text(); }
+  QStringList Log() const {
+    QStringList log;
+    for (const auto& line : t_->prompts.Log()) log << QString::fromStdString(line);
+    return log;
+  }
+
+  std::unique_ptr<marlview::test::TestSession> t_;
+  std::unique_ptr<marlview::Form1> form_;
+
+ private slots:
+  void init() {
+    t_ = std::make_unique<marlview::test::TestSession>();
+    form_ = std::make_unique<marlview::Form1>(*t_->session, t_->prompts);
+    form_->show();
+    QVERIFY(QTest::qWaitForWindowExposed(form_.get()));
+  }
+  void cleanup() {
+    form_.reset();
+    t_.reset();
+  }
+
+  void listsEveryRowOfTheChosenChannels() {
+    FrmSoundingData* window = OpenList();
+    QVERIFY(Log().isEmpty() && t_->session->flags.ListWindowOpen);
+    QCOMPARE(window->objectName(), QString("frmSoundingData"));
+    QCOMPARE(window->windowTitle(), QString("SOUNDING DATA: CPT-A01.DAT"));
+    QVERIFY(window->findChild<QObject*>("VScroll1") && window->findChild<QObject*>("HScroll1"));
+    QVERIFY(window->lblHeader->toPlainText().startsWith("CPT DATA\n"));
+    QCOMPARE(window->grdData->rowCount(), 1250);
+    QCOMPARE(window->grdData->columnCount(), 3);
+    QCOMPARE(Cell(window, 0, 0), QString("0.020"));
+    // A zone shows its number and its label.
+    QVERIFY2(QRegularExpression("^\\d+ +[A-Za-z]").match(Cell(window, 600, 2)).hasMatch(),
+             qPrintable(Cell(window, 600, 2)));
+    QCOMPARE(window->grdData->columnWidth(1), t_->session->ColumnWidth * 7);
+  }
+
+  void viewMenusChangeTheDepthsAndTheRowsShown() {
+    FrmSoundingData* window = OpenList();
+    window->mnuFeet->trigger();
+    QCOMPARE(Cell(window, 0, 0), QString("0.066"));
+    QVERIFY(window->mnuFeet->isChecked() && !window->mnuMeters->isChecked());
+    window->mnuMeters->trigger();
+    window->mnuAdjustedForOffsetElev->trigger();
+    QCOMPARE(Cell(window, 0, 0), QString("-0.020"));
+    QVERIFY(window->mnuAdjustedForOffsetElev->isChecked() && !window->mnuAdjustedForOffsetDepth->isChecked());
+    window->mnuRawData->trigger();
+    QVERIFY(window->mnuRawData->isChecked() && !window->mnuAdjustedForOffsetElev->isChecked());
+    t_->prompts.Script({"100"});
+    window->mnuDepthInterval->trigger();
+    QVERIFY2(qAbs(window->grdData->rowCount() - 250) <= 2, qPrintable(QString::number(window->grdData->rowCount())));
+    QCOMPARE(Log(), QStringList{"input DEPTH INTERVAL: ENTER DEPTH INTERVAL (mm); 0 FOR ALL ROWS -> 100"});
+    window->mnuEditData->trigger();
+    QVERIFY(Log().last().endsWith("is not available in this version of Marlview yet."));
+  }
+
+  void exportsAskForAFileAndBeforeOverwritingIt() {
+    FrmSoundingData* window = OpenList();
+    const std::string path = t_->data.File("A01");
+    t_->prompts.Script({path});
+    window->mnuExportCSVFileIncludeHeader->trigger();
+    const std::string written = marlview::ReadWholeFile(path + ".csv");
+    QVERIFY(written.starts_with("CPT DATA\r\n"));
+    t_->prompts.ClearLog();
+    t_->prompts.Script({path + ".csv", "No"});
+    window->mnuExportCSVFileDiscardHeader->trigger();
+    QCOMPARE(QString::fromStdString(t_->prompts.Texts().back()), QString("? File exists. Overwrite? -> No"));
+    QCOMPARE(marlview::ReadWholeFile(path + ".csv"), written);
+    t_->prompts.Script({path});
+    window->mnuExportGinKPA->trigger();
+    QVERIFY(marlview::ReadWholeFile(path + ".gIN").starts_with("**PROJECT"));
+    t_->prompts.Script({""});  // cancelled: nothing written, nothing said
+    t_->prompts.ClearLog();
+    window->mnuSavetxtIncludeHeader->trigger();
+    QVERIFY(t_->prompts.ScriptUsedUp() && t_->prompts.Texts().empty());
+  }
+
+  void flagFollowsTheWindowAndTheDoneButtonClosesIt() {
+    FrmSoundingData* window = OpenList();
+    window->mnuReturn->trigger();
+    QVERIFY(!window->isVisible() && !t_->session->flags.ListWindowOpen);
+    window = OpenList();  // the first window is deleted later and leaves the new one's flag be
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(t_->session->flags.ListWindowOpen);
+    t_->prompts.Script({"Yes"});
+    QTest::mouseClick(form_->cmdSoundingDone, Qt::LeftButton);
+    QCOMPARE(QString::fromStdString(t_->prompts.Texts().back()),
+             QString("? List window is open. Close window and continue? -> Yes"));
+    QVERIFY(form_->ListWindow() == nullptr && !t_->session->flags.ListWindowOpen);
+  }
+};
+
+QTEST_MAIN(SoundingDataTest)
+#include "sounding_data_test.moc"
