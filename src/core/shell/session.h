@@ -89,6 +89,7 @@ class Session {
   float LogoScaleFactor = 100;
   std::array<int16_t, 12> LastPrintSettings{};
   std::vector<int16_t> OrderedEcpChannels;
+  std::vector<std::string> OrderedEcpNames;
 
   // -1: ask; otherwise the answer given once for a run of opens.
   int16_t StartDepthAnswer = -1;

@@ -255,7 +255,7 @@ bool ShellController::ListSounding() {
   return open;
 }
 
-void ShellController::ListEcp() { NotAvailable("The ECP list window"); }
+bool ShellController::ListEcp() { return session_.SoundingOpen; }
 void ShellController::EditSounding() { NotAvailable("The sounding editor"); }
 
 bool ShellController::SoundingDone(const std::function<void(ViewWindow)>& close_window) {

@@ -53,7 +53,8 @@ class ShellController {
   bool PlotSounding();
   // The list button: true when the list window is to open on the selected channels.
   bool ListSounding();
-  void ListEcp();
+  // The ECP list button: true when the ECP window is to open on the current sounding.
+  bool ListEcp();
   void EditSounding();
   // Closes the sounding after asking about each open window; close_window closes one. False when
   // the user kept a window open.

@@ -18,6 +18,7 @@
 #include "ui/common/event_guard.h"
 #include "ui/common/qt_prompts.h"
 #include "ui/editing/parameter_dialogs_ui.h"
+#include "ui/presentation/ecp_window.h"
 #include "ui/presentation/form4.h"
 #include "ui/presentation/sounding_data_window.h"
 
@@ -158,6 +159,7 @@ void Form1::Handle(const char* source, const std::function<void()>& handler) {
   // An event here may have derived the sounding again; an open plot shows it at once.
   if (plot_window_ != nullptr && session_.flags.PlotWindowOpen) plot_window_->Repaint();
   if (list_window_ != nullptr && session_.flags.ListWindowOpen) list_window_->Refill();
+  if (ecp_window_ != nullptr && session_.flags.EcpWindowOpen) ecp_window_->Refill();
 }
 
 void Form1::Connect() {
@@ -183,7 +185,7 @@ void Form1::Connect() {
   connect(cmdListSounding, &QPushButton::clicked, this,
           [this] { Handle("cmdListSounding_Click", [&] { OpenListWindow(); }); });
   connect(cmdListECP, &QPushButton::clicked, this,
-          [this] { Handle("cmdListECP_Click", [&] { controller_.ListEcp(); }); });
+          [this] { Handle("cmdListECP_Click", [&] { OpenEcpWindow(); }); });
   connect(cmdEditSounding, &QPushButton::clicked, this,
           [this] { Handle("cmdEditSounding_Click", [&] { controller_.EditSounding(); }); });
   connect(cmdSetWaterTableDepth, &QPushButton::clicked, this, [this] {
@@ -191,6 +193,7 @@ void Form1::Connect() {
       FrmChangeWaterTableDepth(session_, prompts_, this).exec();
       if (plot_window_ != nullptr) plot_window_->Repaint();
       if (list_window_ != nullptr && session_.flags.ListWindowOpen) list_window_->Refill();
+      if (ecp_window_ != nullptr && session_.flags.EcpWindowOpen) ecp_window_->Refill();
     });
   });
   connect(cmdSoundingDone, &QPushButton::clicked, this, [this] {
@@ -252,9 +255,23 @@ void Form1::CloseListWindow() {
   list_window_.release()->deleteLater();
 }
 
+void Form1::OpenEcpWindow() {
+  if (!controller_.ListEcp()) return;
+  CloseEcpWindow();
+  ecp_window_ = std::make_unique<FrmSoundingECPData>(session_, prompts_, this);
+  ecp_window_->show();
+}
+
+void Form1::CloseEcpWindow() {
+  if (ecp_window_ == nullptr) return;
+  ecp_window_->close();
+  ecp_window_.release()->deleteLater();
+}
+
 void Form1::CloseViewWindow(ViewWindow window) {
   if (window == ViewWindow::kPlot) ClosePlotWindow();
   if (window == ViewWindow::kList) CloseListWindow();
+  if (window == ViewWindow::kEcp) CloseEcpWindow();
 }
 
 void Form1::ReturnFromPlot() {

@@ -21,6 +21,7 @@ namespace marlview {
 
 class Form4;
 class FrmSoundingData;
+class FrmSoundingECPData;
 
 class Form1 : public QMainWindow {
   Q_OBJECT
@@ -34,6 +35,8 @@ class Form1 : public QMainWindow {
   Form4* PlotWindow() const { return plot_window_.get(); }
   // The list window last opened, kept the same way.
   FrmSoundingData* ListWindow() const { return list_window_.get(); }
+  // The ECP window last opened, kept the same way.
+  FrmSoundingECPData* EcpWindow() const { return ecp_window_.get(); }
 
   QGroupBox* frmSelectTestType;
   QRadioButton* optProcessSounding;
@@ -81,6 +84,8 @@ class Form1 : public QMainWindow {
   void ClosePlotWindow();
   void OpenListWindow();
   void CloseListWindow();
+  void OpenEcpWindow();
+  void CloseEcpWindow();
   void CloseViewWindow(ViewWindow window);
   // The plot window's way back: closes it and runs the sounding's done flow.
   void ReturnFromPlot();
@@ -91,6 +96,7 @@ class Form1 : public QMainWindow {
   QButtonGroup* modes_ = nullptr;
   std::unique_ptr<Form4> plot_window_;
   std::unique_ptr<FrmSoundingData> list_window_;
+  std::unique_ptr<FrmSoundingECPData> ecp_window_;
 };
 
 }  // namespace marlview

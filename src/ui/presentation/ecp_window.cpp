@@ -1,0 +1,207 @@
+// The ECP data window and its template dialog: widgets named as the controls they are; the
+// columns, texts, settings files and export belong to the core's ECP list.
+#include "ui/presentation/ecp_window.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QTableWidget>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <string>
+
+#include "core/presentation/sounding_exports.h"
+#include "core/presentation/sounding_list.h"
+#include "core/shell/session.h"
+#include "ui/common/event_guard.h"
+#include "ui/common/named.h"
+#include "ui/common/qt_prompts.h"
+
+namespace marlview {
+namespace {
+
+constexpr int kColumnPixels = 110;
+
+}  // namespace
+
+FrmSetOrderedECPTemplate::FrmSetOrderedECPTemplate(Session& session, UserPrompts& prompts, QWidget* parent)
+    : QDialog(parent), session_(session), prompts_(prompts) {
+  setObjectName("frmSetOrderedECPTemplate");
+  setWindowTitle("SET ORDERED ECP TEMPLATE");
+  auto* layout = new QVBoxLayout(this);
+  auto* area = new QScrollArea(this);
+  auto* boxes = new QWidget(area);
+  auto* boxes_layout = new QVBoxLayout(boxes);
+  const SoundingStore& s = session_.Sounding();
+  const std::vector<std::string> names = EcpTemplateNames(session_);
+  for (int c = 1; c <= s.TotalChannels; ++c) {
+    auto* box = Named(new QCheckBox(ToQString(s.ChannelName[c]), boxes), "chkChannel");
+    box->setChecked(std::find(names.begin(), names.end(), s.ChannelName[c]) != names.end());
+    boxes_layout->addWidget(box);
+    chkChannel.push_back(box);
+  }
+  area->setWidget(boxes);
+  layout->addWidget(area, 1);
+  auto* buttons = new QHBoxLayout;
+  cmdOK = Named(new QPushButton("OK", this), "cmdOK");
+  cmdCancel = Named(new QPushButton("Cancel", this), "cmdCancel");
+  buttons->addWidget(cmdOK);
+  buttons->addWidget(cmdCancel);
+  layout->addLayout(buttons);
+  connect(cmdOK, &QPushButton::clicked, this, [this] {
+    RunGuarded(prompts_, "cmdOK_Click", [&] {
+      // The names from the sounding itself: a caption's text may carry an added accelerator mark.
+      std::vector<std::string> chosen;
+      for (size_t i = 0; i < chkChannel.size(); ++i) {
+        if (chkChannel[i]->isChecked()) chosen.push_back(session_.Sounding().ChannelName[i + 1]);
+      }
+      SaveEcpTemplate(session_, chosen);
+      accept();
+    });
+  });
+  connect(cmdCancel, &QPushButton::clicked, this,
+          [this] { RunGuarded(prompts_, "cmdCancel_Click", [&] { reject(); }); });
+}
+
+FrmSoundingECPData::FrmSoundingECPData(Session& session, UserPrompts& prompts, QWidget* parent)
+    : QMainWindow(parent), session_(session), prompts_(prompts) {
+  setObjectName("frmSoundingECPData");
+  setWindowTitle(ToQString("ECP DATA: " + session_.Sounding().SoundingFileName));
+  session_.flags.EcpWindowOpen = true;
+  view_.unit = ReadDefaultEcpUnit(session_);
+  ChooseEcpColumns(session_, view_);
+  BuildControls();
+  BuildMenus();
+  Connect();
+  Refill();
+  resize(1000, 700);
+}
+
+FrmSoundingECPData::~FrmSoundingECPData() {
+  if (open_) session_.flags.EcpWindowOpen = false;
+}
+
+void FrmSoundingECPData::closeEvent(QCloseEvent* event) {
+  open_ = false;
+  session_.flags.EcpWindowOpen = false;
+  QMainWindow::closeEvent(event);
+}
+
+void FrmSoundingECPData::BuildControls() {
+  auto* central = new QWidget(this);
+  auto* layout = new QVBoxLayout(central);
+  lblHeader = Named(new QPlainTextEdit(central), "lblHeader");
+  lblHeader->setReadOnly(true);
+  lblHeader->setLineWrapMode(QPlainTextEdit::NoWrap);
+  lblHeader->setMaximumHeight(180);
+  layout->addWidget(lblHeader);
+  auto* buttons = new QHBoxLayout;
+  auto button = [&](const char* name, const QString& caption) {
+    auto* b = Named(new QPushButton(caption, central), name);
+    buttons->addWidget(b);
+    return b;
+  };
+  cmdShowPSIECP = button("cmdShowPSIECP", "psi");
+  cmdShowTSFECP = button("cmdShowTSFECP", "tsf");
+  cmdShowKPAECP = button("cmdShowKPAECP", "kPa");
+  cmdShowMPAECP = button("cmdShowMPAECP", "MPa");
+  cmdShowECPData = button("cmdShowECPData", "ECP ORDER");
+  cmdShowOrderedECPData = button("cmdShowOrderedECPData", "TEMPLATE ORDER");
+  cmdSetOrderedECPTemplate = button("cmdSetOrderedECPTemplate", "SET TEMPLATE...");
+  layout->addLayout(buttons);
+  grdData = Named(new QTableWidget(central), "grdData");
+  grdData->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  grdData->verticalHeader()->hide();
+  layout->addWidget(grdData, 1);
+  setCentralWidget(central);
+}
+
+void FrmSoundingECPData::BuildMenus() {
+  QMenu* file = menuBar()->addMenu("&File");
+  file->setObjectName("mnuFile");
+  mnuExportEcpFile = file->addAction("&Export .ecp File");
+  mnuExportEcpFile->setObjectName("mnuExportEcpFile");
+  file->addSeparator();
+  mnuReturn = file->addAction("&Return to Main Form");
+  mnuReturn->setObjectName("mnuReturn");
+}
+
+void FrmSoundingECPData::OnClick(QPushButton* button, const char* source, std::function<void()> handler) {
+  connect(button, &QPushButton::clicked, this, [this, source, handler = std::move(handler)] {
+    RunGuarded(prompts_, source, [&] {
+      handler();
+      Refill();
+    });
+  });
+}
+
+void FrmSoundingECPData::Connect() {
+  const std::pair<QPushButton*, const char*> units[] = {{cmdShowPSIECP, "cmdShowPSIECP_Click"},
+                                                        {cmdShowTSFECP, "cmdShowTSFECP_Click"},
+                                                        {cmdShowKPAECP, "cmdShowKPAECP_Click"},
+                                                        {cmdShowMPAECP, "cmdShowMPAECP_Click"}};
+  for (int unit = kEcpPsi; unit <= kEcpMpa; ++unit) {
+    const auto& [button, source] = units[unit];
+    OnClick(button, source, [this, unit] {
+      view_.unit = unit;
+      WriteDefaultEcpUnit(session_, unit);
+    });
+  }
+  OnClick(cmdShowECPData, "cmdShowECPData_Click", [this] {
+    view_.ordered = false;
+    ChooseEcpColumns(session_, view_);
+  });
+  OnClick(cmdShowOrderedECPData, "cmdShowOrderedECPData_Click", [this] {
+    view_.ordered = true;
+    ChooseEcpColumns(session_, view_);
+  });
+  OnClick(cmdSetOrderedECPTemplate, "cmdSetOrderedECPTemplate_Click", [this] {
+    if (FrmSetOrderedECPTemplate(session_, prompts_, this).exec() != QDialog::Accepted) return;
+    view_.ordered = true;
+    ChooseEcpColumns(session_, view_);
+  });
+  connect(mnuExportEcpFile, &QAction::triggered, this, [this] {
+    RunGuarded(prompts_, "mnuExportEcpFile_Click",
+               [&] { SaveExport(session_, prompts_, "ecp", [this] { return EcpExport(session_, view_); }); });
+  });
+  // Closing may lead the main window to delete this one later, so nothing of it is touched afterwards.
+  connect(mnuReturn, &QAction::triggered, this,
+          [this] { RunGuarded(prompts_, "mnuReturn_Click", [&] { close(); }); });
+}
+
+void FrmSoundingECPData::Refill() {
+  ExportOptions options;
+  options.depth_unit = session_.DepthUnitIsMetric == 1 ? 1 : 2;
+  QStringList header;
+  for (const std::string& line : TextHeaderBlock(session_, options)) header << ToQString(line);
+  lblHeader->setPlainText(header.join('\n'));
+
+  const SoundingStore& s = session_.Sounding();
+  const std::vector<std::string> heading = EcpHeading(session_, view_);
+  grdData->setUpdatesEnabled(false);
+  grdData->clear();
+  grdData->setColumnCount(static_cast<int>(heading.size()));
+  grdData->setRowCount(s.ReadingCount);
+  QStringList labels;
+  for (const std::string& text : heading) labels << ToQString(text);
+  grdData->setHorizontalHeaderLabels(labels);
+  for (int r = 1; r <= s.ReadingCount; ++r) {
+    grdData->setItem(r - 1, 0, new QTableWidgetItem(ToQString(EcpDepthText(session_, r))));
+    for (size_t j = 0; j < view_.channels.size(); ++j) {
+      auto* item = new QTableWidgetItem(ToQString(EcpCellText(session_, view_, r, view_.channels[j])));
+      item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+      grdData->setItem(r - 1, static_cast<int>(j) + 1, item);
+    }
+  }
+  for (int column = 0; column < grdData->columnCount(); ++column) grdData->setColumnWidth(column, kColumnPixels);
+  grdData->setUpdatesEnabled(true);
+}
+
+}  // namespace marlview
