@@ -24,8 +24,7 @@ struct PlotFixture {
       file.rows.push_back({depth, 0.5 + 0.4 * std::sin(depth * 3), 0.004 + 0.002 * std::cos(depth * 7),
                            0.1 + 0.05 * std::sin(depth * 11)});
     }
-    ReadDatSounding(file.Bytes(), "/bench/CPT-BENCH.DAT", *t.session, t.session->SpareStore(), t.prompts);
-    t.session->CommitSounding();
+    test::OpenSounding(t, file);
     const SoundingStore& s = t.session->Sounding();
     SetupPlot(plot, *t.session,
               {s.TipChannel, s.SleeveChannel, s.PorePressureChannel, s.FrictionRatioQtChannel, s.Sbt90QtChannel,

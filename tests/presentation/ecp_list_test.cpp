@@ -16,10 +16,7 @@ namespace {
 class EcpListTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    ASSERT_EQ(ReadDatSounding(test::SimpleDat(50).Bytes(), "/field/CPT-T01.DAT", *t.session,
-                              t.session->SpareStore(), t.prompts),
-              ReadOutcome::kLoaded);
-    t.session->CommitSounding();
+    ASSERT_EQ(test::OpenSounding(t, test::SimpleDat(50)), ReadOutcome::kLoaded);
     ChooseEcpColumns(*t.session, view);
   }
   const SoundingStore& S() const { return t.session->Sounding(); }

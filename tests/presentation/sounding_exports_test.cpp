@@ -13,11 +13,7 @@ namespace {
 
 class ExportTest : public ::testing::Test {
  protected:
-  void Open(const test::DatFile& file) {
-    ASSERT_EQ(ReadDatSounding(file.Bytes(), "/field/CPT-T01.DAT", *t.session, t.session->SpareStore(), t.prompts),
-              ReadOutcome::kLoaded);
-    t.session->CommitSounding();
-  }
+  void Open(const test::DatFile& file) { ASSERT_EQ(test::OpenSounding(t, file), ReadOutcome::kLoaded); }
   SoundingStore& s() { return t.session->Sounding(); }
   static std::vector<std::string> Lines(const std::string& text) {
     std::vector<std::string> lines;

@@ -17,10 +17,7 @@ namespace {
 class ListTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    ASSERT_EQ(ReadDatSounding(test::SimpleDat(50).Bytes(), "/field/CPT-T01.DAT", *t.session,
-                              t.session->SpareStore(), t.prompts),
-              ReadOutcome::kLoaded);
-    t.session->CommitSounding();
+    ASSERT_EQ(test::OpenSounding(t, test::SimpleDat(50)), ReadOutcome::kLoaded);
     view.channels = {t.session->Sounding().TipChannel};
   }
   std::vector<std::string> ShownDepths() {

@@ -154,6 +154,13 @@ std::string DatFile::Bytes() const {
   return bytes;
 }
 
+ReadOutcome OpenSounding(TestSession& t, const DatFile& file) {
+  const ReadOutcome outcome =
+      ReadDatSounding(file.Bytes(), "/field/CPT-T01.DAT", *t.session, t.session->SpareStore(), t.prompts);
+  if (outcome == ReadOutcome::kLoaded) t.session->CommitSounding();
+  return outcome;
+}
+
 DatFile SimpleDat(int readings) {
   DatFile file;
   DatChannel tip{.sensor = "Tip", .cal = {1000, 1, 1, 0, 0}, .unit_factors = {0, 0, 1, 0, 0}};

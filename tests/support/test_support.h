@@ -10,6 +10,7 @@
 
 #include "core/common/runtime_failure.h"
 #include "core/common/user_prompts.h"
+#include "core/io/dat_reader.h"
 #include "core/shell/session.h"
 
 namespace marlview::test {
@@ -74,6 +75,9 @@ struct DatFile {
   std::vector<std::string> Lines() const;
   std::string Bytes() const;
 };
+
+// Reads file as the sounding of a field crew's "CPT-T01.DAT" and makes it the current sounding.
+ReadOutcome OpenSounding(TestSession& t, const DatFile& file);
 
 // A family 1 file of tip, sleeve and pore pressure with unit calibrations: each pressure in psi
 // equals its raw value.

@@ -152,7 +152,7 @@ class DatReader {
   void SkipToData();
   void ReadDataLines();
   void ReadEndBaseline(std::string_view line);
-  bool ReadReading(std::string_view line);
+  void ReadReading(std::string_view line);
   void ImportMunsellChips();
   void DepthsFromRodChannel(float start);
   void ConvertAndAlign();
@@ -549,7 +549,7 @@ void DatReader::ReadEndBaseline(std::string_view line) {
 }
 
 //      1.2200 +1.2345678901E+000 -4.5000000000E-003 ...
-bool DatReader::ReadReading(std::string_view line) {
+void DatReader::ReadReading(std::string_view line) {
   if (s_.ReadingCount == kMaxReadings) Fail(kErrSubscript);
   const int r = ++s_.ReadingCount;
   s_.NoteRowsUsed(r);
@@ -558,7 +558,6 @@ bool DatReader::ReadReading(std::string_view line) {
     s_.DepthTable(r, 1) = 0;
     s_.DepthTable(r, 2) = 0;
     --s_.ReadingCount;
-    return false;
   };
   if (Family1()) {
     const double depth = StrictNumber(Columns(line, 0, kDepthWidth)) + s_.StartDepth;
@@ -567,36 +566,34 @@ bool DatReader::ReadReading(std::string_view line) {
     rest = ColumnsFrom(line, kDepthWidth + 1);
     if (r >= 2 && session_.DuplicateDepthCheck == 1 &&
         s_.DepthTable(r - 1, 1) + session_.DuplicateDepthThreshold > s_.DepthTable(r, 1)) {
-      return take_back();
+      take_back();
+      return;
     }
   }
   const size_t channels = static_cast<size_t>(s_.ChannelCount);
   if (rest.size() < kFieldWidth * channels && !s_.IsMunsellFile) {
     take_back();
     prompts_.Tell("An invalid dataline has been detected. This line will be discarded.");
-    return false;
+    return;
   }
   if (s_.IsMunsellFile) {
+    // The chip first, then the colour counts, written in millionths.
     size_t at = 0;
-    for (int c = 1; c <= s_.ChannelCount; ++c) {
-      if (c == 1) {
-        s_.MunsellChips[r] = std::string(TrimLeftBlanks(Columns(rest, 0, kMunsellChipWidth)));
-        at = kMunsellChipWidth;
-        continue;
-      }
-      // Colour counts are written in millionths.
+    if (s_.ChannelCount >= 1) {
+      s_.MunsellChips[r] = std::string(TrimLeftBlanks(Columns(rest, 0, kMunsellChipWidth)));
+      at = kMunsellChipWidth;
+    }
+    for (int c = 2; c <= s_.ChannelCount; ++c, at += kMunsellNumberWidth) {
       s_.RawReadings(r, c) = ToSingle(StrictNumber(Columns(rest, at, kMunsellNumberWidth)) / 1000000);
-      at += kMunsellNumberWidth;
     }
     s_.RowTail[r] = std::string(ColumnsFrom(rest, at));
-    return true;
+    return;
   }
   for (int c = 1; c <= s_.ChannelCount; ++c) {
     s_.RawReadings(r, c) =
         ToSingle(StrictNumber(Columns(rest, kFieldStride * static_cast<size_t>(c - 1), kFieldWidth)));
   }
   s_.RowTail[r] = std::string(ColumnsFrom(rest, kFieldStride * channels));
-  return true;
 }
 
 // The colour probe writes its Munsell chips to a companion file, "<name>(MUNSELL).DAT".

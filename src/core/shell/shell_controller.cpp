@@ -36,7 +36,7 @@ void ShellController::Guarded(const char* source, const std::function<void()>& e
 }
 
 void ShellController::NotAvailable(const std::string& what) {
-  prompts_.Tell(what + " is not available in this version of Marlview yet.");
+  TellNotAvailable(prompts_, what);
 }
 
 void ShellController::ChooseMode(ProcessingMode mode) {

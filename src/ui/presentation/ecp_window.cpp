@@ -22,6 +22,7 @@
 #include "core/shell/session.h"
 #include "ui/common/event_guard.h"
 #include "ui/common/named.h"
+#include "ui/presentation/data_table.h"
 #include "ui/common/qt_prompts.h"
 
 namespace marlview {
@@ -97,17 +98,10 @@ void FrmSoundingECPData::closeEvent(QCloseEvent* event) {
 void FrmSoundingECPData::BuildControls() {
   auto* central = new QWidget(this);
   auto* layout = new QVBoxLayout(central);
-  lblHeader = Named(new QPlainTextEdit(central), "lblHeader");
-  lblHeader->setReadOnly(true);
-  lblHeader->setLineWrapMode(QPlainTextEdit::NoWrap);
-  lblHeader->setMaximumHeight(180);
+  lblHeader = NewHeaderBox(central);
   layout->addWidget(lblHeader);
   auto* buttons = new QHBoxLayout;
-  auto button = [&](const char* name, const QString& caption) {
-    auto* b = Named(new QPushButton(caption, central), name);
-    buttons->addWidget(b);
-    return b;
-  };
+  auto button = [&](const char* name, const QString& caption) { return NamedButton(buttons, central, name, caption); };
   cmdShowPSIECP = button("cmdShowPSIECP", "psi");
   cmdShowTSFECP = button("cmdShowTSFECP", "tsf");
   cmdShowKPAECP = button("cmdShowKPAECP", "kPa");
@@ -116,9 +110,7 @@ void FrmSoundingECPData::BuildControls() {
   cmdShowOrderedECPData = button("cmdShowOrderedECPData", "TEMPLATE ORDER");
   cmdSetOrderedECPTemplate = button("cmdSetOrderedECPTemplate", "SET TEMPLATE...");
   layout->addLayout(buttons);
-  grdData = Named(new QTableWidget(central), "grdData");
-  grdData->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  grdData->verticalHeader()->hide();
+  grdData = NewDataGrid(central);
   layout->addWidget(grdData, 1);
   setCentralWidget(central);
 }
@@ -126,11 +118,9 @@ void FrmSoundingECPData::BuildControls() {
 void FrmSoundingECPData::BuildMenus() {
   QMenu* file = menuBar()->addMenu("&File");
   file->setObjectName("mnuFile");
-  mnuExportEcpFile = file->addAction("&Export .ecp File");
-  mnuExportEcpFile->setObjectName("mnuExportEcpFile");
+  mnuExportEcpFile = NamedAction(file, "mnuExportEcpFile", "&Export .ecp File");
   file->addSeparator();
-  mnuReturn = file->addAction("&Return to Main Form");
-  mnuReturn->setObjectName("mnuReturn");
+  mnuReturn = NamedAction(file, "mnuReturn", "&Return to Main Form");
 }
 
 void FrmSoundingECPData::OnClick(QPushButton* button, const char* source, std::function<void()> handler) {
@@ -179,29 +169,13 @@ void FrmSoundingECPData::Connect() {
 void FrmSoundingECPData::Refill() {
   ExportOptions options;
   options.depth_unit = session_.DepthUnitIsMetric == 1 ? 1 : 2;
-  QStringList header;
-  for (const std::string& line : TextHeaderBlock(session_, options)) header << ToQString(line);
-  lblHeader->setPlainText(header.join('\n'));
-
-  const SoundingStore& s = session_.Sounding();
-  const std::vector<std::string> heading = EcpHeading(session_, view_);
-  grdData->setUpdatesEnabled(false);
-  grdData->clear();
-  grdData->setColumnCount(static_cast<int>(heading.size()));
-  grdData->setRowCount(s.ReadingCount);
-  QStringList labels;
-  for (const std::string& text : heading) labels << ToQString(text);
-  grdData->setHorizontalHeaderLabels(labels);
-  for (int r = 1; r <= s.ReadingCount; ++r) {
-    grdData->setItem(r - 1, 0, new QTableWidgetItem(ToQString(EcpDepthText(session_, r))));
-    for (size_t j = 0; j < view_.channels.size(); ++j) {
-      auto* item = new QTableWidgetItem(ToQString(EcpCellText(session_, view_, r, view_.channels[j])));
-      item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-      grdData->setItem(r - 1, static_cast<int>(j) + 1, item);
-    }
-  }
-  for (int column = 0; column < grdData->columnCount(); ++column) grdData->setColumnWidth(column, kColumnPixels);
-  grdData->setUpdatesEnabled(true);
+  ShowHeaderBlock(lblHeader, TextHeaderBlock(session_, options));
+  std::vector<int> rows(static_cast<size_t>(session_.Sounding().ReadingCount));
+  for (size_t i = 0; i < rows.size(); ++i) rows[i] = static_cast<int>(i) + 1;
+  FillDataGrid(
+      grdData, EcpHeading(session_, view_), rows, [this](int r) { return EcpDepthText(session_, r); },
+      [this](int r, int column) { return EcpCellText(session_, view_, r, view_.channels[static_cast<size_t>(column)]); },
+      kColumnPixels);
 }
 
 }  // namespace marlview

@@ -112,46 +112,40 @@ void Form4::BuildControls() {
   setCentralWidget(central);
 }
 
-QAction* Form4::AddMenuAction(QMenu* menu, const char* name, const QString& caption) {
-  QAction* action = menu->addAction(caption);
-  action->setObjectName(name);
-  return action;
-}
-
 void Form4::BuildMenus() {
   QMenu* file = menuBar()->addMenu("&File");
   file->setObjectName("mnuFile");
-  mnuPrint = AddMenuAction(file, "mnuPrint", "&Print...");
-  mnuPrintPreview = AddMenuAction(file, "mnuPrintPreview", "Print Pre&view...");
-  mnuPrintSettings = AddMenuAction(file, "mnuPrintSettings", "Print &Settings...");
-  mnuSaveAs = AddMenuAction(file, "mnuSaveAs", "Save &As...");
+  mnuPrint = NamedAction(file, "mnuPrint", "&Print...");
+  mnuPrintPreview = NamedAction(file, "mnuPrintPreview", "Print Pre&view...");
+  mnuPrintSettings = NamedAction(file, "mnuPrintSettings", "Print &Settings...");
+  mnuSaveAs = NamedAction(file, "mnuSaveAs", "Save &As...");
   file->addSeparator();
-  mnuReturn = AddMenuAction(file, "mnuReturn", "&Return to Main Form");
+  mnuReturn = NamedAction(file, "mnuReturn", "&Return to Main Form");
 
   QMenu* edit = menuBar()->addMenu("&Edit");
   edit->setObjectName("mnuEditMenu");
-  mnuEdit = AddMenuAction(edit, "mnuEdit", "&Edit Sounding...");
-  mnuRemoveRodBreaks = AddMenuAction(edit, "mnuRemoveRodBreaks", "&Remove Rod Breaks");
-  mnuAddComments = AddMenuAction(edit, "mnuAddComments", "Add &Comments...");
-  mnuWaterTable = AddMenuAction(edit, "mnuWaterTable", "&Water Table Depth...");
-  mnuWetDensity = AddMenuAction(edit, "mnuWetDensity", "Wet &Density...");
+  mnuEdit = NamedAction(edit, "mnuEdit", "&Edit Sounding...");
+  mnuRemoveRodBreaks = NamedAction(edit, "mnuRemoveRodBreaks", "&Remove Rod Breaks");
+  mnuAddComments = NamedAction(edit, "mnuAddComments", "Add &Comments...");
+  mnuWaterTable = NamedAction(edit, "mnuWaterTable", "&Water Table Depth...");
+  mnuWetDensity = NamedAction(edit, "mnuWetDensity", "Wet &Density...");
 
   QMenu* scale = menuBar()->addMenu("&Scale");
   scale->setObjectName("mnuScaleMenu");
-  mnuScale = AddMenuAction(scale, "mnuScale", "&Scale Sounding...");
+  mnuScale = NamedAction(scale, "mnuScale", "&Scale Sounding...");
 
   QMenu* view = menuBar()->addMenu("&View");
   view->setObjectName("mnuView");
-  mnuGridOn = AddMenuAction(view, "mnuGridOn", "Grid &On");
-  mnuGridOff = AddMenuAction(view, "mnuGridOff", "Grid O&ff");
+  mnuGridOn = NamedAction(view, "mnuGridOn", "Grid &On");
+  mnuGridOff = NamedAction(view, "mnuGridOff", "Grid O&ff");
   view->addSeparator();
-  mnuMeters = AddMenuAction(view, "mnuMeters", "&Meters");
-  mnuFeet = AddMenuAction(view, "mnuFeet", "&Feet");
+  mnuMeters = NamedAction(view, "mnuMeters", "&Meters");
+  mnuFeet = NamedAction(view, "mnuFeet", "&Feet");
   view->addSeparator();
-  mnuDepth = AddMenuAction(view, "mnuDepth", "&Depth");
-  mnuElevation = AddMenuAction(view, "mnuElevation", "&Elevation");
+  mnuDepth = NamedAction(view, "mnuDepth", "&Depth");
+  mnuElevation = NamedAction(view, "mnuElevation", "&Elevation");
   view->addSeparator();
-  mnuAdjustLogo = AddMenuAction(view, "mnuAdjustLogo", "Adjust &Logo...");
+  mnuAdjustLogo = NamedAction(view, "mnuAdjustLogo", "Adjust &Logo...");
   for (QAction* action : {mnuGridOn, mnuGridOff, mnuMeters, mnuFeet, mnuDepth, mnuElevation}) {
     action->setCheckable(true);
   }
@@ -164,7 +158,7 @@ void Form4::Handle(const char* source, const std::function<void()>& handler) {
 }
 
 void Form4::NotAvailable(const char* what) {
-  prompts_.Tell(std::string(what) + " is not available in this version of Marlview yet.");
+  TellNotAvailable(prompts_, what);
 }
 
 void Form4::Connect() {

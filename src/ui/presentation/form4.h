@@ -82,7 +82,6 @@ class Form4 : public QMainWindow {
   void BuildControls();
   void BuildMenus();
   void Connect();
-  QAction* AddMenuAction(QMenu* menu, const char* name, const QString& caption);
   // Runs a handler through the guard, then mirrors the plot's state in the menus and repaints.
   void Handle(const char* source, const std::function<void()>& handler);
   // The menus' checks and the sleeve offset, from the plot and the sounding.

@@ -97,11 +97,7 @@ FrmScaleSounding::FrmScaleSounding(PlotState& plot, const Session& session, User
   }
   layout->addLayout(grid);
   auto* buttons = new QHBoxLayout;
-  auto button = [&](const char* name, const QString& caption) {
-    auto* b = Named(new QPushButton(caption, this), name);
-    buttons->addWidget(b);
-    return b;
-  };
+  auto button = [&](const char* name, const QString& caption) { return NamedButton(buttons, this, name, caption); };
   cmdOK = button("cmdOK", "OK");
   cmdReset = button("cmdReset", "RESET");
   cmdSaveScale = button("cmdSaveScale", "SAVE SCALE");

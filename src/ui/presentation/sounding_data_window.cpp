@@ -16,6 +16,7 @@
 #include "core/presentation/sounding_exports.h"
 #include "core/shell/session.h"
 #include "ui/common/named.h"
+#include "ui/presentation/data_table.h"
 #include "ui/common/event_guard.h"
 #include "ui/common/qt_prompts.h"
 #include "ui/editing/parameter_dialogs_ui.h"
@@ -57,71 +58,60 @@ void FrmSoundingData::closeEvent(QCloseEvent* event) {
 void FrmSoundingData::BuildControls() {
   auto* central = new QWidget(this);
   auto* layout = new QVBoxLayout(central);
-  lblHeader = Named(new QPlainTextEdit(central), "lblHeader");
-  lblHeader->setReadOnly(true);
-  lblHeader->setLineWrapMode(QPlainTextEdit::NoWrap);
-  lblHeader->setMaximumHeight(180);
+  lblHeader = NewHeaderBox(central);
   layout->addWidget(lblHeader);
-  grdData = Named(new QTableWidget(central), "grdData");
-  grdData->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  grdData->verticalHeader()->hide();
+  grdData = NewDataGrid(central);
   VScroll1 = Named(grdData->verticalScrollBar(), "VScroll1");
   HScroll1 = Named(grdData->horizontalScrollBar(), "HScroll1");
   layout->addWidget(grdData, 1);
   setCentralWidget(central);
 }
 
-QAction* FrmSoundingData::AddMenuAction(QMenu* menu, const char* name, const QString& caption) {
-  QAction* action = menu->addAction(caption);
-  action->setObjectName(name);
-  return action;
-}
-
 void FrmSoundingData::BuildMenus() {
   QMenu* file = menuBar()->addMenu("&File");
   file->setObjectName("mnuFile");
-  mnuPrint = AddMenuAction(file, "mnuPrint", "&Print...");
+  mnuPrint = NamedAction(file, "mnuPrint", "&Print...");
   file->addSeparator();
   QMenu* save = file->addMenu("&Save / Export");
   save->setObjectName("mnuSave");
-  mnuSavetxtIncludeHeader = AddMenuAction(save, "mnuSavetxtIncludeHeader", "Save .txt File (Include Header)");
-  mnuSavetxtDiscardHeader = AddMenuAction(save, "mnuSavetxtDiscardHeader", "Save .txt File (Discard Header)");
+  mnuSavetxtIncludeHeader = NamedAction(save, "mnuSavetxtIncludeHeader", "Save .txt File (Include Header)");
+  mnuSavetxtDiscardHeader = NamedAction(save, "mnuSavetxtDiscardHeader", "Save .txt File (Discard Header)");
   mnuExportCSVFileIncludeHeader =
-      AddMenuAction(save, "mnuExportCSVFileIncludeHeader", "Export .csv File (Include Header)");
+      NamedAction(save, "mnuExportCSVFileIncludeHeader", "Export .csv File (Include Header)");
   mnuExportCSVFileDiscardHeader =
-      AddMenuAction(save, "mnuExportCSVFileDiscardHeader", "Export .csv File (Discard Header)");
+      NamedAction(save, "mnuExportCSVFileDiscardHeader", "Export .csv File (Discard Header)");
   mnuExportCorFileIncludeHeader =
-      AddMenuAction(save, "mnuExportCorFileIncludeHeader", "Export .cor File (Include Header)");
+      NamedAction(save, "mnuExportCorFileIncludeHeader", "Export .cor File (Include Header)");
   mnuExportCorFileDiscardHeader =
-      AddMenuAction(save, "mnuExportCorFileDiscardHeader", "Export .cor File (Discard Header)");
+      NamedAction(save, "mnuExportCorFileDiscardHeader", "Export .cor File (Discard Header)");
   QMenu* gin = save->addMenu("Export &gIN File");
   gin->setObjectName("mnuExportGin");
-  mnuExportGinPSI = AddMenuAction(gin, "mnuExportGinPSI", "psi");
-  mnuExportGinTSF = AddMenuAction(gin, "mnuExportGinTSF", "tsf");
-  mnuExportGinKPA = AddMenuAction(gin, "mnuExportGinKPA", "kPa");
-  mnuExportGinMPA = AddMenuAction(gin, "mnuExportGinMPA", "MPa");
-  mnuSaveSedimaxtxtFile = AddMenuAction(save, "mnuSaveSedimaxtxtFile", "Save Sedimax .txt File");
+  mnuExportGinPSI = NamedAction(gin, "mnuExportGinPSI", "psi");
+  mnuExportGinTSF = NamedAction(gin, "mnuExportGinTSF", "tsf");
+  mnuExportGinKPA = NamedAction(gin, "mnuExportGinKPA", "kPa");
+  mnuExportGinMPA = NamedAction(gin, "mnuExportGinMPA", "MPa");
+  mnuSaveSedimaxtxtFile = NamedAction(save, "mnuSaveSedimaxtxtFile", "Save Sedimax .txt File");
   file->addSeparator();
-  mnuReturn = AddMenuAction(file, "mnuReturn", "&Return to Main Form");
+  mnuReturn = NamedAction(file, "mnuReturn", "&Return to Main Form");
 
   QMenu* edit = menuBar()->addMenu("&Edit");
   edit->setObjectName("mnuEdit");
-  mnuEditData = AddMenuAction(edit, "mnuEditData", "&Edit Data...");
-  mnuRemoveRodBreaks = AddMenuAction(edit, "mnuRemoveRodBreaks", "&Remove Rod Breaks");
-  mnuWaterTable = AddMenuAction(edit, "mnuWaterTable", "&Water Table Depth...");
-  mnuWetDensity = AddMenuAction(edit, "mnuWetDensity", "Wet &Density...");
+  mnuEditData = NamedAction(edit, "mnuEditData", "&Edit Data...");
+  mnuRemoveRodBreaks = NamedAction(edit, "mnuRemoveRodBreaks", "&Remove Rod Breaks");
+  mnuWaterTable = NamedAction(edit, "mnuWaterTable", "&Water Table Depth...");
+  mnuWetDensity = NamedAction(edit, "mnuWetDensity", "Wet &Density...");
 
   QMenu* view = menuBar()->addMenu("&View");
   view->setObjectName("mnuView");
-  mnuMeters = AddMenuAction(view, "mnuMeters", "&Meters");
-  mnuFeet = AddMenuAction(view, "mnuFeet", "&Feet");
+  mnuMeters = NamedAction(view, "mnuMeters", "&Meters");
+  mnuFeet = NamedAction(view, "mnuFeet", "&Feet");
   view->addSeparator();
-  mnuAdjustedForOffsetDepth = AddMenuAction(view, "mnuAdjustedForOffsetDepth", "Adjusted for Offset - &Depth");
-  mnuAdjustedForOffsetElev = AddMenuAction(view, "mnuAdjustedForOffsetElev", "Adjusted for Offset - &Elevation");
-  mnuRawData = AddMenuAction(view, "mnuRawData", "&Raw Data");
+  mnuAdjustedForOffsetDepth = NamedAction(view, "mnuAdjustedForOffsetDepth", "Adjusted for Offset - &Depth");
+  mnuAdjustedForOffsetElev = NamedAction(view, "mnuAdjustedForOffsetElev", "Adjusted for Offset - &Elevation");
+  mnuRawData = NamedAction(view, "mnuRawData", "&Raw Data");
   view->addSeparator();
-  mnuDepthInterval = AddMenuAction(view, "mnuDepthInterval", "Depth &Interval...");
-  mnuColumnWidths = AddMenuAction(view, "mnuColumnWidths", "&Column Widths...");
+  mnuDepthInterval = NamedAction(view, "mnuDepthInterval", "Depth &Interval...");
+  mnuColumnWidths = NamedAction(view, "mnuColumnWidths", "&Column Widths...");
   for (QAction* action : {mnuMeters, mnuFeet, mnuAdjustedForOffsetDepth, mnuAdjustedForOffsetElev, mnuRawData}) {
     action->setCheckable(true);
   }
@@ -138,7 +128,7 @@ void FrmSoundingData::Handle(QAction* action, const char* source, std::function<
 }
 
 void FrmSoundingData::NotAvailable(const char* what) {
-  prompts_.Tell(std::string(what) + " is not available in this version of Marlview yet.");
+  TellNotAvailable(prompts_, what);
 }
 
 void FrmSoundingData::Connect() {
@@ -208,32 +198,12 @@ void FrmSoundingData::UpdateChecks() {
 }
 
 void FrmSoundingData::Refill() {
-  QStringList header;
-  for (const std::string& line : TextHeaderBlock(session_, ListExportOptions(view_, true))) header << ToQString(line);
-  lblHeader->setPlainText(header.join('\n'));
-
-  const std::vector<int> rows = ListRows(session_, view_);
-  const std::vector<std::string> heading = ListHeading(session_, view_);
-  grdData->setUpdatesEnabled(false);
-  grdData->clear();
-  grdData->setColumnCount(static_cast<int>(heading.size()));
-  grdData->setRowCount(static_cast<int>(rows.size()));
-  QStringList labels;
-  for (const std::string& text : heading) labels << ToQString(text);
-  grdData->setHorizontalHeaderLabels(labels);
-  for (int i = 0; i < static_cast<int>(rows.size()); ++i) {
-    const int r = rows[static_cast<size_t>(i)];
-    grdData->setItem(i, 0, new QTableWidgetItem(ToQString(ListDepthText(session_, view_, r))));
-    for (size_t j = 0; j < view_.channels.size(); ++j) {
-      auto* item = new QTableWidgetItem(ToQString(ListCellText(session_, view_, r, view_.channels[j])));
-      item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-      grdData->setItem(i, static_cast<int>(j) + 1, item);
-    }
-  }
-  for (int column = 0; column < grdData->columnCount(); ++column) {
-    grdData->setColumnWidth(column, session_.ColumnWidth * kPixelsPerCharacter);
-  }
-  grdData->setUpdatesEnabled(true);
+  ShowHeaderBlock(lblHeader, TextHeaderBlock(session_, ListExportOptions(view_, true)));
+  FillDataGrid(
+      grdData, ListHeading(session_, view_), ListRows(session_, view_),
+      [this](int r) { return ListDepthText(session_, view_, r); },
+      [this](int r, int column) { return ListCellText(session_, view_, r, view_.channels[static_cast<size_t>(column)]); },
+      session_.ColumnWidth * kPixelsPerCharacter);
 }
 
 }  // namespace marlview

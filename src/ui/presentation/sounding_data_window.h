@@ -66,7 +66,6 @@ class FrmSoundingData : public QMainWindow {
   void BuildControls();
   void BuildMenus();
   void Connect();
-  QAction* AddMenuAction(QMenu* menu, const char* name, const QString& caption);
   // Runs a handler through the guard; refill afterwards when asked.
   void Handle(QAction* action, const char* source, std::function<void()> handler, bool refill);
   void UpdateChecks();

@@ -94,11 +94,7 @@ void Form1::BuildControls() {
                                 "chkPiezoFilterPresent");
   channels_layout->addWidget(chkPiezoFilterPresent);
   auto* buttons = new QHBoxLayout;
-  auto button = [&](const char* name, const QString& caption) {
-    auto* b = Named(new QPushButton(caption, frmSelectSoundingChannels), name);
-    buttons->addWidget(b);
-    return b;
-  };
+  auto button = [&](const char* name, const QString& caption) { return NamedButton(buttons, frmSelectSoundingChannels, name, caption); };
   cmdPlotSounding = button("cmdPlotSounding", "PLOT");
   cmdListSounding = button("cmdListSounding", "LIST");
   cmdListECP = button("cmdListECP", "ECP LIST");
@@ -111,46 +107,40 @@ void Form1::BuildControls() {
   setCentralWidget(central);
 }
 
-QAction* Form1::AddMenuAction(QMenu* menu, const char* name, const QString& caption) {
-  QAction* action = menu->addAction(caption);
-  action->setObjectName(name);
-  return action;
-}
-
 void Form1::BuildMenus() {
   QMenu* file = menuBar()->addMenu("&File");
   file->setObjectName("mnuFile");
-  mnuAddData = AddMenuAction(file, "mnuAddData", "&Add Data...");
+  mnuAddData = NamedAction(file, "mnuAddData", "&Add Data...");
   file->addSeparator();
-  mnuExit = AddMenuAction(file, "mnuExit", "E&xit");
+  mnuExit = NamedAction(file, "mnuExit", "E&xit");
 
   QMenu* settings = menuBar()->addMenu("&Settings");
   settings->setObjectName("mnuSettings");
   QMenu* selection = settings->addMenu("Sounding &Selection");
   selection->setObjectName("mnuSoundingSelection");
-  mnuSingleTest = AddMenuAction(selection, "mnuSingleTest", "&Single Test");
-  mnuMultipleTests = AddMenuAction(selection, "mnuMultipleTests", "&Multiple Tests");
+  mnuSingleTest = NamedAction(selection, "mnuSingleTest", "&Single Test");
+  mnuMultipleTests = NamedAction(selection, "mnuMultipleTests", "&Multiple Tests");
   mnuSingleTest->setCheckable(true);
   mnuMultipleTests->setCheckable(true);
-  mnuChannelUnitsFormats = AddMenuAction(settings, "mnuChannelUnitsFormats", "Channel &Units and Formats...");
-  mnuGeneralSettings = AddMenuAction(settings, "mnuGeneralSettings", "&General Settings...");
+  mnuChannelUnitsFormats = NamedAction(settings, "mnuChannelUnitsFormats", "Channel &Units and Formats...");
+  mnuGeneralSettings = NamedAction(settings, "mnuGeneralSettings", "&General Settings...");
   QMenu* print = settings->addMenu("&Print Settings");
   print->setObjectName("mnuPrintSettings");
-  mnuSoundingPrintSettings = AddMenuAction(print, "mnuSoundingPrintSettings", "&Sounding...");
-  mnuDissipationPrintSettings = AddMenuAction(print, "mnuDissipationPrintSettings", "&Dissipation...");
-  mnuSeismicPrintSettings = AddMenuAction(print, "mnuSeismicPrintSettings", "S&eismic...");
+  mnuSoundingPrintSettings = NamedAction(print, "mnuSoundingPrintSettings", "&Sounding...");
+  mnuDissipationPrintSettings = NamedAction(print, "mnuDissipationPrintSettings", "&Dissipation...");
+  mnuSeismicPrintSettings = NamedAction(print, "mnuSeismicPrintSettings", "S&eismic...");
   QMenu* templates = settings->addMenu("&Templates");
   templates->setObjectName("mnuTemplates");
-  mnuSelectTemplate = AddMenuAction(templates, "mnuSelectTemplate", "&Select Template...");
-  mnuSaveTemplate = AddMenuAction(templates, "mnuSaveTemplate", "Sa&ve Template...");
+  mnuSelectTemplate = NamedAction(templates, "mnuSelectTemplate", "&Select Template...");
+  mnuSaveTemplate = NamedAction(templates, "mnuSaveTemplate", "Sa&ve Template...");
 
   QMenu* view = menuBar()->addMenu("&View");
   view->setObjectName("mnuView");
-  mnuClassificationChart = AddMenuAction(view, "mnuClassificationChart", "&Classification Chart");
+  mnuClassificationChart = NamedAction(view, "mnuClassificationChart", "&Classification Chart");
 
   QMenu* help = menuBar()->addMenu("&Help");
   help->setObjectName("mnuHelp");
-  mnuAbout = AddMenuAction(help, "mnuAbout", "&About Marlview");
+  mnuAbout = NamedAction(help, "mnuAbout", "&About Marlview");
 }
 
 void Form1::Handle(const char* source, const std::function<void()>& handler) {

@@ -78,7 +78,6 @@ class Form1 : public QMainWindow {
   // Mirrors the controller's view into the widgets.
   void Refresh();
   void Handle(const char* source, const std::function<void()>& handler);
-  QAction* AddMenuAction(class QMenu* menu, const char* name, const QString& caption);
   void OpenPlotWindow();
   // Closes the plot window; it is deleted once the event that asked for it is over.
   void ClosePlotWindow();
