@@ -40,7 +40,9 @@ Session::Session(SessionPaths paths)
     : paths_(std::move(paths)),
       sounding_(std::make_unique<SoundingStore>()),
       spare_(std::make_unique<SoundingStore>()),
-      slots_(std::make_unique<SoundingSlots>()) {}
+      slots_(std::make_unique<SoundingSlots>()),
+      dissipation_(std::make_unique<DissipationSet>()),
+      spare_dissipation_(std::make_unique<DissipationSet>()) {}
 
 std::string Session::SettingsPath(const std::string& name) const {
   return paths_.data_directory + "/" + name;
@@ -50,5 +52,7 @@ void Session::CommitSounding() {
   std::swap(sounding_, spare_);
   slots_->RecordCatalogue(CurrentSlot, *sounding_);
 }
+
+void Session::CommitDissipation() { std::swap(dissipation_, spare_dissipation_); }
 
 }  // namespace marlview

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/derivation/sbt1983.h"
+#include "core/dissipation/dissipation_set.h"
 #include "core/model/catalogue.h"
 #include "core/model/sounding_slots.h"
 #include "core/model/sounding_store.h"
@@ -60,6 +61,12 @@ class Session {
 
   SoundingSlots& Slots() { return *slots_; }
 
+  DissipationSet& Dissipation() { return *dissipation_; }
+  const DissipationSet& Dissipation() const { return *dissipation_; }
+  // A store to read a new dissipation file into; CommitDissipation makes it the current file.
+  DissipationSet& SpareDissipation() { return *spare_dissipation_; }
+  void CommitDissipation();
+
   UnitTables units;
   ChannelChoices choices;
   GeneralSettings general;
@@ -99,12 +106,15 @@ class Session {
   bool SoundingOpen = false;
   std::string SoundingDirectory;
   int CurrentSlot = 0;
+  std::string DissipationDirectory;
 
  private:
   SessionPaths paths_;
   std::unique_ptr<SoundingStore> sounding_;
   std::unique_ptr<SoundingStore> spare_;
   std::unique_ptr<SoundingSlots> slots_;
+  std::unique_ptr<DissipationSet> dissipation_;
+  std::unique_ptr<DissipationSet> spare_dissipation_;
 };
 
 }  // namespace marlview

@@ -23,7 +23,7 @@ constexpr size_t kMaxPlotColumns = 6;
 }  // namespace
 
 ShellController::ShellController(Session& session, UserPrompts& prompts)
-    : session_(session), prompts_(prompts) {
+    : session_(session), prompts_(prompts), dissipation_(session, prompts) {
   view_.piezo_checked = session_.PiezoFilterPresent;
 }
 
@@ -51,8 +51,10 @@ void ShellController::ChooseMode(ProcessingMode mode) {
         NotAvailable("Processing several soundings at once");
         break;
       case ProcessingMode::kDissipations:
-        NotAvailable("Dissipation processing");
-        break;
+        view_.checked_mode = mode;
+        view_.test_type_visible = false;
+        if (!dissipation_.OpenDissipationFile()) BackToModeChoice();
+        return;
       case ProcessingMode::kSeismic:
         NotAvailable("Seismic processing");
         break;
@@ -66,6 +68,13 @@ void ShellController::ChooseMode(ProcessingMode mode) {
         break;
     }
     view_.checked_mode = ProcessingMode::kNone;
+  });
+}
+
+void ShellController::DissipationDone() {
+  Guarded("cmdDissipationDone_Click", [&] {
+    dissipation_.DissipationDone();
+    BackToModeChoice();
   });
 }
 

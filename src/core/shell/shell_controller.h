@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/common/user_prompts.h"
+#include "core/dissipation/dissipation_controller.h"
 #include "core/shell/session.h"
 
 namespace marlview {
@@ -67,6 +68,11 @@ class ShellController {
   // Says plainly that a feature of a later version is not there yet.
   void NotAvailable(const std::string& what);
 
+  // The dissipation mode's list and buttons.
+  DissipationController& Dissipations() { return dissipation_; }
+  // cmdDissipationDone: the list cleared and the mode choice shown again.
+  void DissipationDone();
+
  private:
   void ProcessSounding();
   bool OpenSoundingFile();
@@ -83,6 +89,7 @@ class ShellController {
   std::vector<int> available_;
   std::vector<int> selected_;
   int sbt_chart_choice_ = 1;
+  DissipationController dissipation_;
 };
 
 }  // namespace marlview

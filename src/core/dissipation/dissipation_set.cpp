@@ -1,0 +1,167 @@
+// The dissipation store, its percentage series and the main window's information lines.
+#include "core/dissipation/dissipation_set.h"
+
+#include <algorithm>
+
+#include "core/common/number_format.h"
+#include "core/common/runtime_failure.h"
+#include "core/model/unit_tables.h"
+
+namespace marlview {
+
+DissipationSet::DissipationSet()
+    : RowTime(kMaxDissipations, kMaxDissipationRows),
+      RowChannelA(kMaxDissipations, kMaxDissipationRows),
+      RowChannelB(kMaxDissipations, kMaxDissipationRows),
+      RowPressure(kMaxDissipations, kMaxDissipationRows),
+      PercentMax(kMaxDissipations, kMaxDissipationRows),
+      PercentHead(kMaxDissipations, kMaxDissipationRows),
+      RowText(kMaxDissipations + 1) {}
+
+void DissipationSet::Reset() {
+  const int16_t kind = FileKind;
+  const float water_table = WaterTableDepth;
+  const int high = high_test_;
+  RowTime.ClearRows(0, high);
+  RowChannelA.ClearRows(0, high);
+  RowChannelB.ClearRows(0, high);
+  RowPressure.ClearRows(0, high);
+  PercentMax.ClearRows(0, high);
+  PercentHead.ClearRows(0, high);
+  for (int i = 0; i <= high; ++i) RowText[static_cast<size_t>(i)].clear();
+  TestDepth.fill(0);
+  RowCount.fill(0);
+  MaxPressure.fill(0);
+  HydrostaticPressure.fill(0);
+  DissipationCount = 0;
+  PressurePerMetreHead = 0;
+  PressureUnitIndex = 0;
+  PressureUnitName.clear();
+  SectionMarker.clear();
+  ChannelCount = 0;
+  for (auto& name : ChannelName) name.clear();
+  for (auto& sensor : ChannelSensor) sensor.clear();
+  for (auto& unit : ChannelUnit) unit.clear();
+  ChannelKind.fill(0);
+  ChannelBaseline.fill(0);
+  ChannelCal.fill({});
+  PorePressureChannel = 0;
+  for (auto& line : PXHeaderLine) line.clear();
+  PressureColumn = 0;
+  for (std::string* text :
+       {&TestId, &Operator, &Crew, &Project, &Site, &Location, &Comments, &TestDate, &StartTime, &GpsLatitude,
+        &GpsLongitude, &GpsElevation, &GpsSatellites, &GpsQuality, &Client, &ClientRepresentative, &Weather,
+        &DasVersion, &DasSystem, &ProbeSerialNumber, &Customer, &OperatorName, &ConeId, &PxLocation, &JobNumber,
+        &HoleNumber, &TestDateText, &Comment1, &Comment2, &Comment3, &DissipationPath, &DissipationFileName}) {
+    text->clear();
+  }
+  high_test_ = 0;
+  FileKind = kind;
+  WaterTableDepth = water_table;
+}
+
+void DissipationSet::CopyFrom(const DissipationSet& other) {
+  const int high = std::max(high_test_, other.high_test_);
+  RowTime.CopyRowsFrom(other.RowTime, 0, high);
+  RowChannelA.CopyRowsFrom(other.RowChannelA, 0, high);
+  RowChannelB.CopyRowsFrom(other.RowChannelB, 0, high);
+  RowPressure.CopyRowsFrom(other.RowPressure, 0, high);
+  PercentMax.CopyRowsFrom(other.PercentMax, 0, high);
+  PercentHead.CopyRowsFrom(other.PercentHead, 0, high);
+  for (int i = 0; i <= high; ++i) RowText[static_cast<size_t>(i)] = other.RowText[static_cast<size_t>(i)];
+  high_test_ = other.high_test_;
+  FileKind = other.FileKind;
+  DissipationCount = other.DissipationCount;
+  TestDepth = other.TestDepth;
+  RowCount = other.RowCount;
+  MaxPressure = other.MaxPressure;
+  HydrostaticPressure = other.HydrostaticPressure;
+  WaterTableDepth = other.WaterTableDepth;
+  PressurePerMetreHead = other.PressurePerMetreHead;
+  PressureUnitIndex = other.PressureUnitIndex;
+  PressureUnitName = other.PressureUnitName;
+  SectionMarker = other.SectionMarker;
+  ChannelCount = other.ChannelCount;
+  ChannelName = other.ChannelName;
+  ChannelSensor = other.ChannelSensor;
+  ChannelKind = other.ChannelKind;
+  ChannelUnit = other.ChannelUnit;
+  ChannelBaseline = other.ChannelBaseline;
+  ChannelCal = other.ChannelCal;
+  PorePressureChannel = other.PorePressureChannel;
+  PXHeaderLine = other.PXHeaderLine;
+  PressureColumn = other.PressureColumn;
+  TestId = other.TestId, Operator = other.Operator, Crew = other.Crew, Project = other.Project;
+  Site = other.Site, Location = other.Location, Comments = other.Comments, TestDate = other.TestDate;
+  StartTime = other.StartTime, GpsLatitude = other.GpsLatitude, GpsLongitude = other.GpsLongitude;
+  GpsElevation = other.GpsElevation, GpsSatellites = other.GpsSatellites, GpsQuality = other.GpsQuality;
+  Client = other.Client, ClientRepresentative = other.ClientRepresentative, Weather = other.Weather;
+  DasVersion = other.DasVersion, DasSystem = other.DasSystem, ProbeSerialNumber = other.ProbeSerialNumber;
+  Customer = other.Customer, OperatorName = other.OperatorName, ConeId = other.ConeId;
+  PxLocation = other.PxLocation, JobNumber = other.JobNumber, HoleNumber = other.HoleNumber;
+  TestDateText = other.TestDateText, Comment1 = other.Comment1, Comment2 = other.Comment2;
+  Comment3 = other.Comment3;
+  DissipationPath = other.DissipationPath;
+  DissipationFileName = other.DissipationFileName;
+}
+
+int DissipationRows::Append(DissipationSet& set, int test) {
+  if (test < 0 || test > kMaxDissipations) Fail(kErrSubscript);
+  const int row = set.RowCount[static_cast<size_t>(test)] + 1;
+  if (row > kMaxDissipationRows) Fail(kErrSubscript);
+  set.RowCount[static_cast<size_t>(test)] = static_cast<int16_t>(row);
+  set.high_test_ = std::max(set.high_test_, test);
+  return row;
+}
+
+void ComputeMaxPercent(DissipationSet& set, int test) {
+  if (test < 0 || test > kMaxDissipations) Fail(kErrSubscript);
+  const int rows = set.RowCount[static_cast<size_t>(test)];
+  float max = -1e30f;
+  for (int k = 1; k <= rows; ++k) max = std::max(max, set.RowPressure(test, k));
+  set.MaxPressure[static_cast<size_t>(test)] = max;
+  for (int k = 1; k <= rows; ++k) {
+    set.PercentMax(test, k) = max == 0 ? 0.0f : set.RowPressure(test, k) / max * 100.0f;
+  }
+}
+
+void ComputeHeadPercent(DissipationSet& set, int test) {
+  if (test < 0 || test > kMaxDissipations) Fail(kErrSubscript);
+  const int rows = set.RowCount[static_cast<size_t>(test)];
+  const float depth = set.TestDepth[static_cast<size_t>(test)];
+  const float water_table = set.WaterTableDepth;
+  float& head = set.HydrostaticPressure[static_cast<size_t>(test)];
+  head = 0;
+  if (water_table != kUndefinedWaterTable && water_table < depth) {
+    head = (depth - water_table) * set.PressurePerMetreHead;
+  }
+  for (int k = 1; k <= rows; ++k) {
+    // A file whose pressure unit was not found has no head to compare with.
+    set.PercentHead(test, k) = head == 0 ? 0.0f : (set.RowPressure(test, k) - head) / head * 100.0f;
+  }
+}
+
+std::string DissipationUnitText(const DissipationSet& set, const UnitTables& units) {
+  switch (set.FileKind) {
+    case kPxDasDissipation:
+      return "(" + set.PressureUnitName + ")";
+    case kFieldboxDissipation:
+      return "(" + units.Name(set.PressureUnitIndex, kPressureGroup) + ")";
+    default:
+      return "(PSI)";
+  }
+}
+
+std::string SetDissipationInfo(const DissipationSet& set, bool metric, float feet_per_metre) {
+  std::string info = "FILENAME: " + set.DissipationFileName + "\n";
+  info += "LOCATION: " + (set.FileKind == kPxDasDissipation ? set.PxLocation : set.Location) + "\n";
+  if (set.WaterTableDepth == kUndefinedWaterTable) {
+    info += "WATER TABLE DEPTH: UNDEFINED";
+  } else {
+    const double depth = metric ? set.WaterTableDepth : set.WaterTableDepth * feet_per_metre;
+    info += "WATER TABLE DEPTH: " + FormatNumber(depth, "###0.00") + (metric ? " (m)" : " (ft)");
+  }
+  return info;
+}
+
+}  // namespace marlview
