@@ -1,6 +1,8 @@
 // Water table and wet density: the two parameters of the derivation a user changes from a plot.
 #include "core/editing/parameter_dialogs.h"
 
+#include <algorithm>
+
 #include "core/common/file_access.h"
 #include "core/common/number_format.h"
 #include "core/common/number_read.h"
@@ -14,7 +16,16 @@ namespace {
 
 constexpr double kKgPerCubicMetreInPcf = 16.0184634;
 
-void Rederive(Session& session) {
+float& WaterTable(Session& session, WaterTableOf of) {
+  return of == WaterTableOf::kDissipation ? session.Dissipation().WaterTableDepth : session.Sounding().WaterTableDepth;
+}
+
+void Rederive(Session& session, WaterTableOf of = WaterTableOf::kSounding) {
+  if (of == WaterTableOf::kDissipation) {
+    DissipationSet& set = session.Dissipation();
+    for (int i = 1; i <= std::min<int>(set.DissipationCount, kMaxDissipations); ++i) ComputeHeadPercent(set, i);
+    return;
+  }
   if (session.SoundingOpen) ComputeDerivedChannels(session, session.Sounding().ChannelCount);
 }
 
@@ -29,27 +40,28 @@ bool ReadEntry(std::string_view entry, double& value) {
 
 }  // namespace
 
-std::string WaterTableDialogText(const Session& session) {
-  const float depth = session.Sounding().WaterTableDepth;
+std::string WaterTableDialogText(const Session& session, WaterTableOf of) {
+  const float depth = of == WaterTableOf::kDissipation ? session.Dissipation().WaterTableDepth
+                                                       : session.Sounding().WaterTableDepth;
   if (depth == -99) return "UNDEFINED";
   return FormatNumber(session.DepthUnitIsMetric == 1 ? depth : depth * session.FeetPerMetre, "##0.00");
 }
 
-bool ChangeWaterTableDepth(Session& session, std::string_view entry, UserPrompts& prompts) {
+bool ChangeWaterTableDepth(Session& session, std::string_view entry, UserPrompts& prompts, WaterTableOf of) {
   double depth = 0;
   if (!ReadEntry(entry, depth)) {
     prompts.Tell("Please enter a valid depth");
     return false;
   }
   if (session.DepthUnitIsMetric != 1) depth /= session.FeetPerMetre;
-  session.Sounding().WaterTableDepth = ToSingle(depth);
-  Rederive(session);
+  WaterTable(session, of) = ToSingle(depth);
+  Rederive(session, of);
   return true;
 }
 
-void SetWaterTableUndefined(Session& session) {
-  session.Sounding().WaterTableDepth = -99;
-  Rederive(session);
+void SetWaterTableUndefined(Session& session, WaterTableOf of) {
+  WaterTable(session, of) = -99;
+  Rederive(session, of);
 }
 
 bool DensityUnitIsMetric(const Session& session) { return session.general.SoilDensityUnits == 1; }

@@ -11,12 +11,17 @@ namespace marlview {
 
 class Session;
 
+// The water table the dialog changes: the sounding's, or the dissipation file's, whose head
+// percentages are then derived again.
+enum class WaterTableOf { kSounding, kDissipation };
+
 // What the water table dialog shows: the depth in the user's unit, or "UNDEFINED".
-std::string WaterTableDialogText(const Session& session);
+std::string WaterTableDialogText(const Session& session, WaterTableOf of = WaterTableOf::kSounding);
 // frmChangeWaterTableDepth's OK: the entry must be a number, in the user's depth unit.
-bool ChangeWaterTableDepth(Session& session, std::string_view entry, UserPrompts& prompts);
+bool ChangeWaterTableDepth(Session& session, std::string_view entry, UserPrompts& prompts,
+                           WaterTableOf of = WaterTableOf::kSounding);
 // The dialog's undefined button.
-void SetWaterTableUndefined(Session& session);
+void SetWaterTableUndefined(Session& session, WaterTableOf of = WaterTableOf::kSounding);
 
 // Wet density is kept in pounds per cubic foot and entered in kg/m^3 when the settings say so.
 bool DensityUnitIsMetric(const Session& session);

@@ -14,14 +14,15 @@
 #include "ui/common/qt_prompts.h"
 
 namespace marlview {
-FrmChangeWaterTableDepth::FrmChangeWaterTableDepth(Session& session, UserPrompts& prompts, QWidget* parent)
-    : QDialog(parent), session_(session), prompts_(prompts) {
+FrmChangeWaterTableDepth::FrmChangeWaterTableDepth(Session& session, UserPrompts& prompts, QWidget* parent,
+                                                   WaterTableOf of)
+    : QDialog(parent), session_(session), prompts_(prompts), of_(of) {
   setObjectName("frmChangeWaterTableDepth");
   setWindowTitle("WATER TABLE DEPTH");
   auto* layout = new QGridLayout(this);
   layout->addWidget(new QLabel("WATER TABLE DEPTH", this), 0, 0);
   txtWaterTableDepth =
-      Named(new QLineEdit(ToQString(WaterTableDialogText(session_)), this), "txtWaterTableDepth");
+      Named(new QLineEdit(ToQString(WaterTableDialogText(session_, of_)), this), "txtWaterTableDepth");
   layout->addWidget(txtWaterTableDepth, 0, 1);
   lblDepthUnits = Named(new QLabel(session_.DepthUnitIsMetric == 1 ? "(m)" : "(ft)", this), "lblDepthUnits");
   layout->addWidget(lblDepthUnits, 0, 2);
@@ -38,14 +39,14 @@ FrmChangeWaterTableDepth::FrmChangeWaterTableDepth(Session& session, UserPrompts
   connect(cmdOK, &QPushButton::clicked, this, [this] {
     bool changed = false;
     RunGuarded(prompts_, "cmdOK_Click", [&] {
-      changed = ChangeWaterTableDepth(session_, txtWaterTableDepth->text().toStdString(), prompts_);
+      changed = ChangeWaterTableDepth(session_, txtWaterTableDepth->text().toStdString(), prompts_, of_);
     });
     if (changed) accept();
   });
   connect(cmdUndefined, &QPushButton::clicked, this, [this] {
     bool changed = false;
     RunGuarded(prompts_, "cmdUndefined_Click", [&] {
-      SetWaterTableUndefined(session_);
+      SetWaterTableUndefined(session_, of_);
       changed = true;
     });
     if (changed) accept();

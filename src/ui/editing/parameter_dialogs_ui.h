@@ -5,6 +5,7 @@
 #include <QDialog>
 
 #include "core/common/user_prompts.h"
+#include "core/editing/parameter_dialogs.h"
 
 class QLabel;
 class QLineEdit;
@@ -18,7 +19,8 @@ class FrmChangeWaterTableDepth : public QDialog {
   Q_OBJECT
 
  public:
-  FrmChangeWaterTableDepth(Session& session, UserPrompts& prompts, QWidget* parent = nullptr);
+  FrmChangeWaterTableDepth(Session& session, UserPrompts& prompts, QWidget* parent = nullptr,
+                           WaterTableOf of = WaterTableOf::kSounding);
 
   QLineEdit* txtWaterTableDepth;
   QLabel* lblDepthUnits;
@@ -29,6 +31,7 @@ class FrmChangeWaterTableDepth : public QDialog {
  private:
   Session& session_;
   UserPrompts& prompts_;
+  WaterTableOf of_;
 };
 
 class FrmWetDensity : public QDialog {

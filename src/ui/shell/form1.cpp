@@ -17,6 +17,7 @@
 #include "ui/common/named.h"
 #include "ui/common/event_guard.h"
 #include "ui/common/qt_prompts.h"
+#include "ui/dissipation/dissipation_panel.h"
 #include "ui/editing/parameter_dialogs_ui.h"
 #include "ui/presentation/ecp_window.h"
 #include "ui/presentation/form4.h"
@@ -104,6 +105,8 @@ void Form1::BuildControls() {
   cmdSoundingDone = button("cmdSoundingDone", "DONE");
   channels_layout->addLayout(buttons);
   layout->addWidget(frmSelectSoundingChannels);
+  frmDissipations = new DissipationPanel(session_, prompts_, controller_, [this] { Refresh(); }, central);
+  layout->addWidget(frmDissipations);
   setCentralWidget(central);
 }
 
@@ -297,6 +300,7 @@ void Form1::Refresh() {
   for (const auto& [button, which] : options) button->setChecked(view.checked_mode == which);
   modes_->setExclusive(true);
   mnuAddData->setEnabled(session_.SoundingOpen);
+  frmDissipations->Refresh();
   mnuSingleTest->setChecked(session_.SoundingSelectionMode == 0);
   mnuMultipleTests->setChecked(session_.SoundingSelectionMode == 1);
 }

@@ -19,6 +19,7 @@ class QRadioButton;
 
 namespace marlview {
 
+class DissipationPanel;
 class Form4;
 class FrmSoundingData;
 class FrmSoundingECPData;
@@ -70,6 +71,8 @@ class Form1 : public QMainWindow {
   QAction* mnuSaveTemplate;
   QAction* mnuClassificationChart;
   QAction* mnuAbout;
+  // lstAvailableDissipations, lblDissipationInfo and the dissipation buttons.
+  DissipationPanel* frmDissipations;
 
  private:
   void BuildControls();
