@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <nlohmann/json.hpp>
 
+#include "app/cli_dissipation.h"
 #include "app/cli_prompts.h"
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
@@ -51,7 +52,10 @@ constexpr const char* kUsage =
     "                    export FILE --format txt|csv|cor|gin -o OUT [--channel NAME]... [--no-header]\n"
     "                           [--unit psi|tsf|kpa|mpa] [--elevation] [--unadjusted]\n"
     "                    plot FILE -o OUT.png|OUT.pdf [--channel NAME]... [--width W --height H] [--grid]\n"
-    "                         [--elevation]\n";
+    "                         [--elevation]\n"
+    "                    dissipation FILE [--test N --t50 --u0 U0 --u100 U100]\n"
+    "                    dissipation FILE --plot -o OUT.png|OUT.pdf [--test N]... [--mode pressure|percent-max|\n"
+    "                                percent-head] [--time linear|log|sqrt]\n";
 
 struct Options {
   std::string data_dir;
@@ -72,6 +76,7 @@ struct Options {
   bool no_header = false;
   std::string unit;
   bool unadjusted = false;
+  DissipationOptions dissipation;
 };
 
 class UsageError : public std::runtime_error {
@@ -132,6 +137,7 @@ Options Parse(const std::vector<std::string>& args) {
     else if (a == "--unit") o.unit = value();
     else if (a == "--unadjusted") o.unadjusted = true;
     else if (a == "--elevation") o.elevation = true;
+    else if (ParseDissipationOption(a, value, o.dissipation)) continue;
     else if (a.starts_with("--")) throw UsageError("unknown option " + a);
     else o.positional.push_back(a);
   }
@@ -306,14 +312,28 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
     options = Parse(args);
     if (options.positional.empty()) throw UsageError("a subcommand is needed");
     const std::string& command = options.positional[0];
-    if (command != "info" && command != "channels" && command != "plot" && command != "export") {
-      static const char* kLater[] = {"edit", "dissipation", "seismic"};
+    if (command != "info" && command != "channels" && command != "plot" && command != "export" &&
+        command != "dissipation") {
+      static const char* kLater[] = {"edit", "seismic"};
       for (const char* later : kLater) {
         if (command == later) throw UsageError("'" + command + "' is not available in this version of marlview-cli yet");
       }
       throw UsageError("unknown subcommand '" + command + "'");
     }
     if (options.positional.size() != 2) throw UsageError(command + " takes one FILE");
+    if (command != "dissipation" && AnyDissipationOption(options.dissipation)) {
+      throw UsageError(command + " takes no dissipation options");
+    }
+    if (command == "dissipation") {
+      const bool sounding_options = options.kind || options.mirror || options.unaligned || options.raw ||
+                                    !options.channel_names.empty() || options.width || options.height ||
+                                    options.grid || options.elevation || !options.format.empty() ||
+                                    options.no_header || !options.unit.empty() || options.unadjusted;
+      if (sounding_options) throw UsageError("dissipation takes none of the sounding options");
+      if (const std::string error = DissipationUsageError(options.dissipation, options.out); !error.empty()) {
+        throw UsageError(error);
+      }
+    }
     const int modes = (options.kind ? 1 : 0) + (options.mirror ? 1 : 0) + (options.unaligned ? 1 : 0) + (options.raw ? 1 : 0);
     if (command != "channels" && modes > 0) throw UsageError(command + " takes no table options");
     const bool plot_options = options.width || options.height || options.grid;
@@ -353,6 +373,10 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
   RunStartup(session, prompts);
   if (options.feet) session.DepthUnitIsMetric = 0;
   ShellController controller(session, prompts);
+  if (options.positional[0] == "dissipation") {
+    if (options.dissipation.plot) EnsureGuiApplication();
+    return RunDissipation(session, controller, prompts, options.dissipation, options.water_table, options.out, out);
+  }
   controller.ChooseMode(ProcessingMode::kSounding);
   if (!session.SoundingOpen) return 1;
   SoundingStore& s = session.Sounding();

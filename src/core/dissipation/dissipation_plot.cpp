@@ -30,6 +30,11 @@ constexpr double kLogoWidthInches = 1.2;
 constexpr double kLogoHeightInches = 0.6;
 constexpr double kUnitsPerInch = 1440;
 
+// An axis label: whole numbers without a decimal point.
+std::string AxisLabel(double value) {
+  return FormatNumber(value, std::fabs(value - std::round(value)) < 1e-9 ? "###0" : "####0.0#");
+}
+
 Colour TestColour(int test) { return kTestColours[static_cast<size_t>(test - 1) % std::size(kTestColours)]; }
 
 // The whole of a row's drawing position; nothing when a manual scale drops it.
@@ -211,7 +216,7 @@ void DissipationDrawing::TimeAxis() {
         if (value - origin > span * (1 + 1e-6)) break;
         const double x = TimeX((value - origin) / span);
         TimeLine(x, true);
-        label(x, FormatNumber(value, "####0.##"));
+        label(x, AxisLabel(value));
         for (int n = 1; n < minor && j < plot_.TimeMajor; ++n) {
           const double sub = value + step * n / minor;
           if (sub - origin < span) TimeLine(TimeX((sub - origin) / span), false);
@@ -250,7 +255,7 @@ void DissipationDrawing::ValueAxis() {
       const double y = plot_.PlotTop + ValueFraction(plot_, value) * plot_.PlotHeight;
       if (plot_.GridMode >= 1) g_.Line(plot_.PlotLeft, y, plot_.PlotRight, y, kGridColour);
       g_.Line(plot_.PlotLeft - line_ * 0.4, y, plot_.PlotLeft, y, kBlack);
-      const std::string text = FormatNumber(value, "####0.##");
+      const std::string text = AxisLabel(value);
       Text(plot_.PlotLeft - line_ * 0.6 - g_.TextWidth(text), y - line_ / 2, text);
       for (int n = 1; n < minor; ++n) {
         const double sub = value + step * n / minor;

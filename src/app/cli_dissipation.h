@@ -1,0 +1,41 @@
+// marlview-cli's dissipation subcommand: the file's information, T50 for a given U0 and U100, and
+// the plot as a picture or a printed page.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace marlview {
+
+class CliPrompts;
+class Session;
+class ShellController;
+
+struct DissipationOptions {
+  std::vector<int> tests;
+  bool csv = false, txt = false;
+  bool percent_max = false, percent_head = false;
+  bool t50 = false;
+  std::optional<double> u0, u100;
+  bool plot = false;
+  std::string mode;
+  std::string time;
+};
+
+// Takes option a (and its value) when it is one of the subcommand's; false otherwise.
+bool ParseDissipationOption(const std::string& a, const std::function<const std::string&()>& value,
+                            DissipationOptions& options);
+// Whether any of the subcommand's options was given.
+bool AnyDissipationOption(const DissipationOptions& options);
+// The usage error of a command line for the subcommand, empty when it is good.
+std::string DissipationUsageError(const DissipationOptions& options, const std::string& out);
+
+// Opens the file as the dissipation option does, applies the water table of the command line and
+// runs the subcommand. The exit status of marlview-cli.
+int RunDissipation(Session& session, ShellController& shell, CliPrompts& prompts, const DissipationOptions& options,
+                   std::optional<double> water_table, const std::string& out_path, std::ostream& out);
+
+}  // namespace marlview

@@ -1,0 +1,118 @@
+// marlview-cli's dissipation subcommand: the information, T50 for given U0 and U100, the plot,
+// the refusals and the exports of a later version.
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "app/cli_commands.h"
+#include "core/common/file_access.h"
+#include "support/test_support.h"
+
+namespace marlview {
+namespace {
+
+struct CliRun {
+  int status;
+  std::string out;
+  std::string err;
+};
+
+class CliDissipationTest : public ::testing::Test {
+ protected:
+  CliRun Run(std::vector<std::string> args) {
+    args.insert(args.begin(), {"--data-dir", settings_.Path()});
+    std::ostringstream out, err;
+    const int status = RunCli(args, out, err);
+    return {status, out.str(), err.str()};
+  }
+  static std::string Sample(const std::string& name) { return test::SamplesDirectory() + "/" + name; }
+
+  test::TempDirectory settings_;
+  test::TempDirectory files_;
+};
+
+TEST_F(CliDissipationTest, InformationOfEachKind) {
+  const CliRun fieldbox = Run({"--water-table", "2.4", "dissipation", Sample("DIS-A01.DIS")});
+  ASSERT_EQ(fieldbox.status, 0) << fieldbox.err;
+  EXPECT_EQ(fieldbox.err, "");
+  const auto info = nlohmann::json::parse(fieldbox.out);
+  EXPECT_EQ(info["fileKind"], 1);
+  EXPECT_EQ(info["pressureUnit"], "(kPa)");
+  EXPECT_EQ(info["waterTableDepth"].get<double>(), 2.4);
+  EXPECT_EQ(info["header"]["Operator"], "M. Lindqvist");
+  ASSERT_EQ(info["tests"].size(), 2u);
+  EXPECT_EQ(info["tests"][1]["depth"].get<double>(), 12.8);
+  EXPECT_EQ(info["tests"][1]["rowCount"], 228);
+  EXPECT_NEAR(info["tests"][1]["hydrostaticPressure"].get<double>(), (12.8 - 2.4) * 9.806, 1e-3);
+
+  const CliRun fldacq = Run({"dissipation", Sample("FLDACQ-C02-001")});
+  ASSERT_EQ(fldacq.status, 0) << fldacq.err;
+  const auto acq = nlohmann::json::parse(fldacq.out);
+  EXPECT_EQ(acq["fileKind"], 2);
+  EXPECT_EQ(acq["pressureUnit"], "(PSI)");
+  EXPECT_EQ(acq["tests"][0]["hydrostaticPressure"].get<double>(), 0);
+}
+
+TEST_F(CliDissipationTest, T50ForGivenU0AndU100) {
+  const CliRun found = Run({"dissipation", Sample("PXD-B04.DIS"), "--test", "1", "--t50", "--u0", "300", "--u100",
+                            "30"});
+  ASSERT_EQ(found.status, 0) << found.err;
+  ASSERT_TRUE(found.out.starts_with("U50: 165\nT50: ")) << found.out;
+  const double t50 = std::stod(found.out.substr(found.out.find("T50: ") + 5));
+  EXPECT_GT(t50, 30);
+  EXPECT_LT(t50, 120);
+  const CliRun none = Run({"dissipation", Sample("PXD-B04.DIS"), "--test", "1", "--t50", "--u0", "5000", "--u100",
+                           "4000"});
+  EXPECT_EQ(none.status, 0);
+  EXPECT_EQ(none.out, "U50: 4500\nT50: none\n");
+}
+
+TEST_F(CliDissipationTest, PlotsAPictureOrAPage) {
+  const std::string png = files_.File("plot.png"), pdf = files_.File("plot.pdf");
+  const CliRun picture = Run({"dissipation", Sample("DIS-A01.DIS"), "--plot", "-o", png, "--time", "sqrt"});
+  ASSERT_EQ(picture.status, 0) << picture.err;
+  EXPECT_TRUE(ReadWholeFile(png).starts_with("\x89PNG"));
+  const CliRun page = Run({"dissipation", Sample("PXD-B04.DIS"), "--plot", "-o", pdf, "--test", "2", "--mode",
+                           "percent-max", "--time", "log"});
+  ASSERT_EQ(page.status, 0) << page.err;
+  EXPECT_TRUE(ReadWholeFile(pdf).starts_with("%PDF"));
+  // Percent over head below the water table is refused, and nothing is drawn.
+  const std::string refused = files_.File("refused.png");
+  const CliRun gate = Run({"--water-table", "20", "dissipation", Sample("DIS-A01.DIS"), "--plot", "-o", refused,
+                           "--mode", "percent-head"});
+  EXPECT_EQ(gate.status, 1);
+  EXPECT_EQ(gate.err,
+            "! WATER TABLE DEPTH IS GREATER THAN DISSIPATION DEPTH. CANNOT DISPLAY PERCENT HEAD PRESSURE\n");
+  EXPECT_FALSE(FileExists(refused));
+}
+
+TEST_F(CliDissipationTest, RefusalsAndBadUsage) {
+  const CliRun sounding = Run({"dissipation", Sample("CPT-A01.DAT")});
+  EXPECT_EQ(sounding.status, 1);
+  EXPECT_EQ(sounding.err, "! CPT-A01.DAT is a sounding file\n");
+  const CliRun beyond = Run({"dissipation", Sample("DIS-A01.DIS"), "--test", "3", "--t50", "--u0", "1", "--u100",
+                             "0"});
+  EXPECT_EQ(beyond.status, 1);
+  EXPECT_EQ(beyond.err,
+            "! Marlview has encountered an error: Error #9: 'Subscript out of range' from "
+            "'cmdPlotDissipation_Click'\n");
+  for (const std::vector<std::string>& args : std::vector<std::vector<std::string>>{
+           {"dissipation", Sample("DIS-A01.DIS"), "--test", "1", "--csv", "-o", files_.File("x.csv")},
+           {"dissipation", Sample("DIS-A01.DIS"), "--test", "1", "--txt", "-o", files_.File("x.txt"), "--percent-max"},
+           {"dissipation", Sample("DIS-A01.DIS"), "--t50", "--u0", "1", "--u100", "0"},
+           {"dissipation", Sample("DIS-A01.DIS"), "--plot", "-o", files_.File("x.svg")},
+           {"dissipation", Sample("DIS-A01.DIS"), "--channel", "Tip"},
+           {"info", Sample("DIS-A01.DIS"), "--t50"},
+       }) {
+    const CliRun run = Run(args);
+    EXPECT_EQ(run.status, 2) << args[2];
+    EXPECT_TRUE(run.err.starts_with("marlview-cli: ")) << run.err;
+  }
+  EXPECT_TRUE(Run({"dissipation", Sample("DIS-A01.DIS"), "--test", "1", "--csv", "-o", files_.File("x.csv")})
+                  .err.starts_with("marlview-cli: the dissipation list exports are not available in this version of "
+                                   "marlview-cli yet\n"));
+}
+
+}  // namespace
+}  // namespace marlview
