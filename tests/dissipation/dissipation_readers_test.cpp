@@ -208,6 +208,19 @@ TEST_F(DissipationOpenTest, BadFilesEndInTheirMessageAndLeaveTheFileBefore) {
     too_many_tests.push_back("1.0 => Test Depth (m)");
     too_many_tests.push_back(test::FieldboxRow({1, 1, 1, 5}));
   }
+  std::vector<std::string> px = test::PxLines({{5.25, {{1, 0, 0, 3400}}}});
+  std::vector<std::string> px_truncated(px.begin(), px.begin() + 18);
+  std::vector<std::string> px_too_many = px;
+  for (int k = 0; k < 10000; ++k) px_too_many.push_back(test::PxRow(k, 3000));
+  std::vector<std::string> px_no_divisor = px;
+  px_no_divisor[17] = px_no_divisor[17].substr(0, 40) + "               0.000";
+  const std::string marker = "COASTAL";
+  std::vector<std::string> fldacq = test::FldacqLines({{20.0, {{1, 0, 0, 50.0}}}}, marker);
+  std::vector<std::string> fldacq_too_many = fldacq;
+  for (int k = 0; k < 10000; ++k) fldacq_too_many.push_back(test::FldacqRow(k, 40.0));
+  std::vector<std::string> fldacq_cut_test = fldacq;
+  fldacq_cut_test.push_back(marker);
+  fldacq_cut_test.push_back("only the first line of the next test's header");
   const std::vector<BadFile> cases = {
       {"EMPTY.DIS", "", "Error #62: 'Input past end of file' from 'ReadFieldboxDissipation'"},
       {"TRUNC.DIS", Join(truncated), "Error #62: 'Input past end of file' from 'ReadFieldboxDissipation'"},
@@ -216,10 +229,17 @@ TEST_F(DissipationOpenTest, BadFilesEndInTheirMessageAndLeaveTheFileBefore) {
       {"PXCOL.DIS", Join(px_without_column),
        "Error #5: 'Invalid procedure call or argument' from 'ReadPXDissipation'"},
       {"FLDACQ-SHORT", "COASTAL\r\nDissipation Test\r\n", "Error #62: 'Input past end of file' from 'ReadFldacqDissipation'"},
+      {"FLDACQ-EMPTY", "", "Error #62: 'Input past end of file' from 'ReadFldacqDissipation'"},
+      {"FLDACQ-ROWS", Join(fldacq_too_many), "Error #9: 'Subscript out of range' from 'ReadFldacqDissipation'"},
+      {"FLDACQ-CUT", Join(fldacq_cut_test), "Error #62: 'Input past end of file' from 'ReadFldacqDissipation'"},
+      {"PXTRUNC.DIS", Join(px_truncated), "Error #62: 'Input past end of file' from 'ReadPXDissipation'"},
+      {"PXROWS.DIS", Join(px_too_many), "Error #9: 'Subscript out of range' from 'ReadPXDissipation'"},
+      {"PXZERO.DIS", Join(px_no_divisor), "Error #11: 'Division by zero' from 'ReadPXDissipation'"},
+      // A .DIS file of no known first line is read as the kind of the file open: QRD FIELDBOX.
+      {"BLANK.DIS", "", "Error #62: 'Input past end of file' from 'ReadFieldboxDissipation'"},
   };
   ASSERT_TRUE(Open("GOOD.DIS", Join(good)));
   for (const BadFile& bad : cases) {
-    // An empty .DIS file keeps the kind of the file before.
     EXPECT_FALSE(Open(bad.name, bad.bytes)) << bad.name;
     ASSERT_EQ(t.prompts.Texts().size(), 1u) << bad.name;
     EXPECT_EQ(t.prompts.Texts()[0], "! Marlview has encountered an error: " + bad.message) << bad.name;
