@@ -53,7 +53,8 @@ Json InfoJson(const Session& session) {
     put("Crew", s.Crew), put("Project", s.Project), put("Site", s.Site), put("Location", s.Location);
     put("Comments", s.Comments), put("TestDate", s.TestDate), put("StartTime", s.StartTime);
     put("Client", s.Client), put("ClientRepresentative", s.ClientRepresentative), put("Weather", s.Weather);
-    put("DasVersion", s.DasVersion), put("DasSystem", s.DasSystem), put("ProbeSerialNumber", s.ProbeSerialNumber);
+    put("DasVersion", s.DasVersion), put("DasSystem", s.DasSystem),
+        put("ProbeSerialNumber", s.ProbeSerialNumber);
   }
   put("GpsLatitude", s.GpsLatitude), put("GpsLongitude", s.GpsLongitude), put("GpsElevation", s.GpsElevation);
   put("GpsSatellites", s.GpsSatellites), put("GpsQuality", s.GpsQuality);
@@ -92,9 +93,12 @@ int RunPlot(Session& session, ShellController& shell, CliPrompts& prompts, const
   try {
     plot = controller.PlotDissipation();
     if (!plot) return 1;
-    if (options.time == "log") SetTimeFormat(*plot, kLogTime);
-    else if (options.time == "sqrt") SetTimeFormat(*plot, kSquareRootTime);
-    else if (options.time == "linear") SetTimeFormat(*plot, kLinearTime);
+    if (options.time == "log")
+      SetTimeFormat(*plot, kLogTime);
+    else if (options.time == "sqrt")
+      SetTimeFormat(*plot, kSquareRootTime);
+    else if (options.time == "linear")
+      SetTimeFormat(*plot, kLinearTime);
     const int16_t mode = options.mode == "percent-max"    ? kPercentOfMax
                          : options.mode == "percent-head" ? kPercentOverHead
                                                           : kPressureValues;
@@ -102,7 +106,8 @@ int RunPlot(Session& session, ShellController& shell, CliPrompts& prompts, const
     if (!SetPressureDisplayMode(*plot, session.Dissipation(), mode, prompts)) return 1;
     if (EndsWithNoCase(out_path, ".png")) {
       ImageSurface image(kImageWidth, kImageHeight);
-      GraphDissipation(image, kImageWidth * kPlotUnitsPerPixel, kImageHeight * kPlotUnitsPerPixel, *plot, session);
+      GraphDissipation(image, kImageWidth * kPlotUnitsPerPixel, kImageHeight * kPlotUnitsPerPixel, *plot,
+                       session);
       if (!image.Save(out_path)) Fail(kErrPathAccess, "mnuSavePicture");
     } else {
       PdfPrintJob job(out_path, PaperSize::kLetter);
@@ -127,17 +132,28 @@ bool ParseDissipationOption(const std::string& a, const std::function<const std:
     const auto result = std::from_chars(text.data(), text.data() + text.size(), test);
     // Outside 1..100 is caught with the file's own count once it is open.
     options.tests.push_back(result.ec == std::errc() && result.ptr == text.data() + text.size() ? test : 0);
-  } else if (a == "--csv") options.csv = true;
-  else if (a == "--txt") options.txt = true;
-  else if (a == "--percent-max") options.percent_max = true;
-  else if (a == "--percent-head") options.percent_head = true;
-  else if (a == "--t50") options.t50 = true;
-  else if (a == "--u0") options.u0 = Number(value()).value_or(std::nan(""));
-  else if (a == "--u100") options.u100 = Number(value()).value_or(std::nan(""));
-  else if (a == "--plot") options.plot = true;
-  else if (a == "--mode") options.mode = value();
-  else if (a == "--time") options.time = value();
-  else return false;
+  } else if (a == "--csv")
+    options.csv = true;
+  else if (a == "--txt")
+    options.txt = true;
+  else if (a == "--percent-max")
+    options.percent_max = true;
+  else if (a == "--percent-head")
+    options.percent_head = true;
+  else if (a == "--t50")
+    options.t50 = true;
+  else if (a == "--u0")
+    options.u0 = Number(value()).value_or(std::nan(""));
+  else if (a == "--u100")
+    options.u100 = Number(value()).value_or(std::nan(""));
+  else if (a == "--plot")
+    options.plot = true;
+  else if (a == "--mode")
+    options.mode = value();
+  else if (a == "--time")
+    options.time = value();
+  else
+    return false;
   return true;
 }
 
@@ -157,13 +173,15 @@ std::string DissipationUsageError(const DissipationOptions& o, const std::string
   }
   if (o.t50) {
     if (o.tests.size() != 1) return "--t50 takes one --test N";
-    if (!o.u0 || !o.u100 || std::isnan(*o.u0) || std::isnan(*o.u100)) return "--t50 takes --u0 U0 and --u100 U100";
+    if (!o.u0 || !o.u100 || std::isnan(*o.u0) || std::isnan(*o.u100))
+      return "--t50 takes --u0 U0 and --u100 U100";
     if (!o.mode.empty() || !o.time.empty() || !out.empty()) return "--t50 takes no -o, --mode or --time";
     return {};
   }
   if (o.u0 || o.u100) return "--u0 and --u100 go with --t50";
   if (o.plot) {
-    if (!EndsWithNoCase(out, ".png") && !EndsWithNoCase(out, ".pdf")) return "--plot writes -o OUT.png or OUT.pdf";
+    if (!EndsWithNoCase(out, ".png") && !EndsWithNoCase(out, ".pdf"))
+      return "--plot writes -o OUT.png or OUT.pdf";
     if (!o.mode.empty() && o.mode != "pressure" && o.mode != "percent-max" && o.mode != "percent-head") {
       return "--mode is pressure, percent-max or percent-head";
     }
@@ -178,8 +196,9 @@ std::string DissipationUsageError(const DissipationOptions& o, const std::string
   return {};
 }
 
-int RunDissipation(Session& session, ShellController& shell, CliPrompts& prompts, const DissipationOptions& options,
-                   std::optional<double> water_table, const std::string& out_path, std::ostream& out) {
+int RunDissipation(Session& session, ShellController& shell, CliPrompts& prompts,
+                   const DissipationOptions& options, std::optional<double> water_table,
+                   const std::string& out_path, std::ostream& out) {
   shell.ChooseMode(ProcessingMode::kDissipations);
   if (!shell.Dissipations().View().frame_visible) return 1;
   DissipationSet& set = session.Dissipation();

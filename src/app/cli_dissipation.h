@@ -35,7 +35,8 @@ std::string DissipationUsageError(const DissipationOptions& options, const std::
 
 // Opens the file as the dissipation option does, applies the water table of the command line and
 // runs the subcommand. The exit status of marlview-cli.
-int RunDissipation(Session& session, ShellController& shell, CliPrompts& prompts, const DissipationOptions& options,
-                   std::optional<double> water_table, const std::string& out_path, std::ostream& out);
+int RunDissipation(Session& session, ShellController& shell, CliPrompts& prompts,
+                   const DissipationOptions& options, std::optional<double> water_table,
+                   const std::string& out_path, std::ostream& out);
 
 }  // namespace marlview

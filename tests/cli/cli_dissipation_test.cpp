@@ -55,15 +55,15 @@ TEST_F(CliDissipationTest, InformationOfEachKind) {
 }
 
 TEST_F(CliDissipationTest, T50ForGivenU0AndU100) {
-  const CliRun found = Run({"dissipation", Sample("PXD-B04.DIS"), "--test", "1", "--t50", "--u0", "300", "--u100",
-                            "30"});
+  const CliRun found =
+      Run({"dissipation", Sample("PXD-B04.DIS"), "--test", "1", "--t50", "--u0", "300", "--u100", "30"});
   ASSERT_EQ(found.status, 0) << found.err;
   ASSERT_TRUE(found.out.starts_with("U50: 165\nT50: ")) << found.out;
   const double t50 = std::stod(found.out.substr(found.out.find("T50: ") + 5));
   EXPECT_GT(t50, 30);
   EXPECT_LT(t50, 120);
-  const CliRun none = Run({"dissipation", Sample("PXD-B04.DIS"), "--test", "1", "--t50", "--u0", "5000", "--u100",
-                           "4000"});
+  const CliRun none =
+      Run({"dissipation", Sample("PXD-B04.DIS"), "--test", "1", "--t50", "--u0", "5000", "--u100", "4000"});
   EXPECT_EQ(none.status, 0);
   EXPECT_EQ(none.out, "U50: 4500\nT50: none\n");
 }
@@ -79,8 +79,8 @@ TEST_F(CliDissipationTest, PlotsAPictureOrAPage) {
   EXPECT_TRUE(ReadWholeFile(pdf).starts_with("%PDF"));
   // Percent over head below the water table is refused, and nothing is drawn.
   const std::string refused = files_.File("refused.png");
-  const CliRun gate = Run({"--water-table", "20", "dissipation", Sample("DIS-A01.DIS"), "--plot", "-o", refused,
-                           "--mode", "percent-head"});
+  const CliRun gate = Run({"--water-table", "20", "dissipation", Sample("DIS-A01.DIS"), "--plot", "-o",
+                           refused, "--mode", "percent-head"});
   EXPECT_EQ(gate.status, 1);
   EXPECT_EQ(gate.err,
             "! WATER TABLE DEPTH IS GREATER THAN DISSIPATION DEPTH. CANNOT DISPLAY PERCENT HEAD PRESSURE\n");
@@ -91,15 +91,16 @@ TEST_F(CliDissipationTest, RefusalsAndBadUsage) {
   const CliRun sounding = Run({"dissipation", Sample("CPT-A01.DAT")});
   EXPECT_EQ(sounding.status, 1);
   EXPECT_EQ(sounding.err, "! CPT-A01.DAT is a sounding file\n");
-  const CliRun beyond = Run({"dissipation", Sample("DIS-A01.DIS"), "--test", "3", "--t50", "--u0", "1", "--u100",
-                             "0"});
+  const CliRun beyond =
+      Run({"dissipation", Sample("DIS-A01.DIS"), "--test", "3", "--t50", "--u0", "1", "--u100", "0"});
   EXPECT_EQ(beyond.status, 1);
   EXPECT_EQ(beyond.err,
             "! Marlview has encountered an error: Error #9: 'Subscript out of range' from "
             "'cmdPlotDissipation_Click'\n");
   for (const std::vector<std::string>& args : std::vector<std::vector<std::string>>{
            {"dissipation", Sample("DIS-A01.DIS"), "--test", "1", "--csv", "-o", files_.File("x.csv")},
-           {"dissipation", Sample("DIS-A01.DIS"), "--test", "1", "--txt", "-o", files_.File("x.txt"), "--percent-max"},
+           {"dissipation", Sample("DIS-A01.DIS"), "--test", "1", "--txt", "-o", files_.File("x.txt"),
+            "--percent-max"},
            {"dissipation", Sample("DIS-A01.DIS"), "--t50", "--u0", "1", "--u100", "0"},
            {"dissipation", Sample("DIS-A01.DIS"), "--plot", "-o", files_.File("x.svg")},
            {"dissipation", Sample("DIS-A01.DIS"), "--channel", "Tip"},
@@ -109,9 +110,10 @@ TEST_F(CliDissipationTest, RefusalsAndBadUsage) {
     EXPECT_EQ(run.status, 2) << args[2];
     EXPECT_TRUE(run.err.starts_with("marlview-cli: ")) << run.err;
   }
-  EXPECT_TRUE(Run({"dissipation", Sample("DIS-A01.DIS"), "--test", "1", "--csv", "-o", files_.File("x.csv")})
-                  .err.starts_with("marlview-cli: the dissipation list exports are not available in this version of "
-                                   "marlview-cli yet\n"));
+  EXPECT_TRUE(
+      Run({"dissipation", Sample("DIS-A01.DIS"), "--test", "1", "--csv", "-o", files_.File("x.csv")})
+          .err.starts_with("marlview-cli: the dissipation list exports are not available in this version of "
+                           "marlview-cli yet\n"));
 }
 
 }  // namespace

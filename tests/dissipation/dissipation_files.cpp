@@ -25,9 +25,11 @@ std::string Format(const char* pattern, double a, double b = 0, double c = 0, do
 void ChannelBlock(std::vector<std::string>& lines, int spare_rows_after_sensor) {
   lines.push_back(Block("Channel", {"Tip", "Sleeve", "Pore Pressure"}));
   lines.push_back(Block("Sensor", {"TIP-15T", "SLV-15T", "PP-500"}));
-  for (int i = 0; i < spare_rows_after_sensor; ++i) lines.push_back(Block("Range", {"1.000000", "1.000000", "1.000000"}));
+  for (int i = 0; i < spare_rows_after_sensor; ++i)
+    lines.push_back(Block("Range", {"1.000000", "1.000000", "1.000000"}));
   lines.push_back(Block("Baseline", {"0.012450", "-1.#IND", "0.008720"}));
-  for (int i = 0; i < 5; ++i) lines.push_back(Block("Cal Factor", {"0.000000", i == 1 ? "98.4100" : "0.0", "37.5020"}));
+  for (int i = 0; i < 5; ++i)
+    lines.push_back(Block("Cal Factor", {"0.000000", i == 1 ? "98.4100" : "0.0", "37.5020"}));
 }
 
 const std::vector<std::string> kHeaderValues = {
@@ -56,8 +58,8 @@ std::vector<std::string> FieldboxLines(const std::vector<DissipationTest>& tests
                                     "Dissipation Test", "DIS-T01.DIS => Filename"};
   lines.insert(lines.end(), kHeaderValues.begin(), kHeaderValues.end());
   for (const char* line : {" ", "Version 4.2.1", " ", "FIELDBOX-II => DAS System", "Enabled => Digital Cone",
-                           "DC-15T-0417 => Probe Serial Number", "Conventional => Tip Configuration", " => ", " => ",
-                           " => ", " => ", " => ", "1 => Sample Rate", ""}) {
+                           "DC-15T-0417 => Probe Serial Number", "Conventional => Tip Configuration", " => ",
+                           " => ", " => ", " => ", " => ", "1 => Sample Rate", ""}) {
     lines.push_back(line);
   }
   ChannelBlock(lines, 4);
@@ -83,14 +85,26 @@ std::vector<std::string> PxLines(const std::vector<DissipationTest>& tests, cons
     std::string line = label;
     line.resize(40, ' ');
     std::string field = value;
-    if (static_cast<int>(field.size()) < width) field.insert(0, static_cast<size_t>(width) - field.size(), ' ');
+    if (static_cast<int>(field.size()) < width)
+      field.insert(0, static_cast<size_t>(width) - field.size(), ' ');
     return line + field;
   };
-  std::vector<std::string> lines = {"PX Dissipation File", "Northfield Drilling", "K. Baptiste", "PX-10-2291",
-                                    "Pier 7", "NDT-24-118", "BH-07", "22/08/2024", "comment one", "comment two",
+  std::vector<std::string> lines = {"PX Dissipation File",
+                                    "Northfield Drilling",
+                                    "K. Baptiste",
+                                    "PX-10-2291",
+                                    "Pier 7",
+                                    "NDT-24-118",
+                                    "BH-07",
+                                    "22/08/2024",
+                                    "comment one",
+                                    "comment two",
                                     "comment three",
                                     "$GPGGA,153012.00,4912.1860,N,12254.9420,W,1,09,0.9,4.2,M,-16.3,M,,*5C",
-                                    water_table, "", "", "PX DAS DISSIPATION RECORD"};
+                                    water_table,
+                                    "",
+                                    "",
+                                    "PX DAS DISSIPATION RECORD"};
   std::string titles = "  TIME     TIP RAW    SLEEVE RAW";
   titles.resize(48, ' ');
   lines.push_back(titles + "PRESSURE U2 RAW");
@@ -117,9 +131,10 @@ std::vector<std::string> FldacqLines(const std::vector<DissipationTest>& tests, 
     if (first) lines.push_back("Dissipation Test");
     lines.push_back("C02 => Filename");
     lines.insert(lines.end(), kHeaderValues.begin(), kHeaderValues.end());
-    for (const char* line : {" ", "Version 3.9.0", " ", "FIELDBOX-FLDACQ => DAS System", "Enabled => Digital Cone",
-                             "DC-10T-0288 => Probe Serial Number", "Conventional => Tip Configuration", " => ",
-                             " => ", " => ", " => ", " => ", "1 => Sample Rate"}) {
+    for (const char* line :
+         {" ", "Version 3.9.0", " ", "FIELDBOX-FLDACQ => DAS System", "Enabled => Digital Cone",
+          "DC-10T-0288 => Probe Serial Number", "Conventional => Tip Configuration", " => ", " => ", " => ",
+          " => ", " => ", "1 => Sample Rate"}) {
       lines.push_back(line);
     }
     lines.push_back(Format("%.2f => Test Depth (ft)", tests[n].depth));

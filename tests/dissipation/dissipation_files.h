@@ -18,12 +18,14 @@ struct DissipationTest {
 
 // A QRD FIELDBOX .DIS file of three channels whose pressure column is in unit (a row name of the
 // pressure unit file).
-std::vector<std::string> FieldboxLines(const std::vector<DissipationTest>& tests, const std::string& unit = "kPa");
+std::vector<std::string> FieldboxLines(const std::vector<DissipationTest>& tests,
+                                       const std::string& unit = "kPa");
 // A data row of exactly 55 characters.
 std::string FieldboxRow(const DissipationRow& row);
 
 // A PX DAS .DIS file: raw counts in the pressure column, kPa = (raw - 1000) / 2 x 0.5 x 1.
-std::vector<std::string> PxLines(const std::vector<DissipationTest>& tests, const std::string& water_table = "2.10");
+std::vector<std::string> PxLines(const std::vector<DissipationTest>& tests,
+                                 const std::string& water_table = "2.10");
 std::string PxRow(int time_s, double raw);
 
 // An FLDACQ file; depths in feet; each row gives time and pressure in psi.

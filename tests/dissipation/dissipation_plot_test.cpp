@@ -1,11 +1,12 @@
 // The axis step table, the plot's scales and mapping, its modes and gates, the footer, the scale
 // dialog and the default time format.
+#include "core/dissipation/dissipation_plot.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
 
 #include "core/common/file_access.h"
-#include "core/dissipation/dissipation_plot.h"
 #include "core/presentation/axis_scale.h"
 #include "core/presentation/recording_surface.h"
 #include "support/test_support.h"
@@ -176,18 +177,20 @@ TEST_F(DissipationPlotTest, PercentOverHeadIsGatedByTheWaterTable) {
   DissipationPlotState plot = Plot({1, 2});
   // Undefined: told, then applied.
   ASSERT_TRUE(SetPressureDisplayMode(plot, Set(), kPercentOverHead, t.prompts));
-  EXPECT_EQ(t.prompts.Texts(), std::vector<std::string>{
-                                   "! WATER TABLE DEPTH IS CURRENTLY UNDEFINED. CLICK 'Water Table Depth' TO CHANGE "
-                                   "IF INCORRECT"});
+  EXPECT_EQ(t.prompts.Texts(),
+            std::vector<std::string>{
+                "! WATER TABLE DEPTH IS CURRENTLY UNDEFINED. CLICK 'Water Table Depth' TO CHANGE "
+                "IF INCORRECT"});
   t.prompts.ClearLog();
   plot.PressureDisplayMode = kPressureValues;
   // Below the deepest test: refused; at its depth: applied.
   Set().WaterTableDepth = 13;
   EXPECT_FALSE(SetPressureDisplayMode(plot, Set(), kPercentOverHead, t.prompts));
   EXPECT_EQ(plot.PressureDisplayMode, kPressureValues);
-  EXPECT_EQ(t.prompts.Texts(), std::vector<std::string>{
-                                   "! WATER TABLE DEPTH IS GREATER THAN DISSIPATION DEPTH. CANNOT DISPLAY PERCENT "
-                                   "HEAD PRESSURE"});
+  EXPECT_EQ(t.prompts.Texts(),
+            std::vector<std::string>{
+                "! WATER TABLE DEPTH IS GREATER THAN DISSIPATION DEPTH. CANNOT DISPLAY PERCENT "
+                "HEAD PRESSURE"});
   t.prompts.ClearLog();
   Set().WaterTableDepth = 12.8f;
   EXPECT_TRUE(SetPressureDisplayMode(plot, Set(), kPercentOverHead, t.prompts));
@@ -208,7 +211,8 @@ TEST_F(DissipationPlotTest, TheFooterOfOneTestWithAWaterTable) {
   // The mode brings its line back whatever the settings say.
   plot.PrintHydrostatic = false;
   plot.PressureDisplayMode = kPercentOfMax;
-  EXPECT_EQ(DissipationFooter(plot, *t.session), (std::vector<std::string>{"MAXIMUM PRESSURE = 400.0 (kPa)"}));
+  EXPECT_EQ(DissipationFooter(plot, *t.session),
+            (std::vector<std::string>{"MAXIMUM PRESSURE = 400.0 (kPa)"}));
 }
 
 TEST_F(DissipationPlotTest, ManualLimitsDropAndClampRows) {
@@ -261,9 +265,9 @@ TEST_F(DissipationPlotTest, TheDefaultTimeFormatIsKeptInItsFile) {
   AskDefaultTimeFormat(*t.session, kSquareRootTime, t.prompts);
   EXPECT_FALSE(FileExists(t.session->SettingsPath("DefaultPPFormat.txt")));
   AskDefaultTimeFormat(*t.session, kLogTime, t.prompts);
-  EXPECT_EQ(t.prompts.Texts(),
-            (std::vector<std::string>{"? Would you like to set the default format to 'Square Root'? -> No",
-                                      "? Would you like to set the default format to 'Logarithmic'? -> Yes"}));
+  EXPECT_EQ(t.prompts.Texts(), (std::vector<std::string>{
+                                   "? Would you like to set the default format to 'Square Root'? -> No",
+                                   "? Would you like to set the default format to 'Logarithmic'? -> Yes"}));
   EXPECT_EQ(ReadDefaultTimeFormat(*t.session), kLogTime);
   EXPECT_EQ(Plot({1}).TimeFormat, kLogTime);
 }
@@ -280,7 +284,8 @@ TEST_F(DissipationPlotTest, LineDrawKeepsItsOwnLogMapping) {
   Draw(plot);
   RecordingSurface log_marker(1200, 900);
   LineDraw(log_marker, plot, Set(), 1, 3);
-  EXPECT_NEAR(log_marker.Lines()[1].x1, plot.PlotLeft + std::log(600 / std::log(10.0)) / 4 * plot.PlotWidth, 1e-6);
+  EXPECT_NEAR(log_marker.Lines()[1].x1, plot.PlotLeft + std::log(600 / std::log(10.0)) / 4 * plot.PlotWidth,
+              1e-6);
   // A row outside manual limits is not marked.
   plot.TimeFormat = kLinearTime;
   plot.ManualScale = true;

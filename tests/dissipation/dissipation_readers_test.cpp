@@ -1,8 +1,9 @@
 // The three dissipation readers, the open flow with its refusals, and the percentage series.
+#include "core/dissipation/dissipation_readers.h"
+
 #include <gtest/gtest.h>
 
 #include "core/dissipation/dissipation_controller.h"
-#include "core/dissipation/dissipation_readers.h"
 #include "core/shell/shell_controller.h"
 #include "dissipation_files.h"
 #include "support/test_support.h"
@@ -43,7 +44,8 @@ TEST_F(DissipationOpenTest, FieldboxFileFillsHeaderChannelsAndTests) {
   const DissipationSet& s = Set();
   EXPECT_EQ(s.FileKind, kFieldboxDissipation);
   EXPECT_EQ(t.prompts.LastFileRequest().filter,
-            "PX DAS/QRD FIELDBOX-FLDREC (*.DIS)|*.DIS|QRD-FIELDBOX-FLDACQ (*.*)|*.*|ALL SYSTEMS (*.DIS;*.*)|*.DIS;*.*");
+            "PX DAS/QRD FIELDBOX-FLDREC (*.DIS)|*.DIS|QRD-FIELDBOX-FLDACQ (*.*)|*.*|ALL SYSTEMS "
+            "(*.DIS;*.*)|*.DIS;*.*");
   EXPECT_EQ(s.SectionMarker, "HARBOURLINE GEOTECHNICAL LTD.");
   EXPECT_EQ(s.TestId, "A01");
   EXPECT_EQ(s.Operator, "M. Lindqvist");
@@ -124,7 +126,8 @@ TEST_F(DissipationOpenTest, PxDasFileConvertsItsRawColumn) {
   EXPECT_FLOAT_EQ(s.RowChannelA(1, 2), 3000.0f);
   EXPECT_EQ(s.RowText[1][2], test::PxRow(2, 3000));
   EXPECT_FLOAT_EQ(s.HydrostaticPressure[1], (5.25f - 2.1f) * s.PressurePerMetreHead);
-  EXPECT_EQ(shell.Dissipations().View().info, "FILENAME: PXD-T04.DIS\nLOCATION: Pier 7\nWATER TABLE DEPTH: 2.10 (m)");
+  EXPECT_EQ(shell.Dissipations().View().info,
+            "FILENAME: PXD-T04.DIS\nLOCATION: Pier 7\nWATER TABLE DEPTH: 2.10 (m)");
 }
 
 TEST_F(DissipationOpenTest, ADisFileOfUnknownFirstLineIsReadAsTheKindBefore) {
@@ -139,9 +142,9 @@ TEST_F(DissipationOpenTest, ADisFileOfUnknownFirstLineIsReadAsTheKindBefore) {
 
 TEST_F(DissipationOpenTest, FldacqFileReadsFeetAndOpensATestAtEachMarker) {
   const std::string marker = "COASTAL SITE INVESTIGATIONS INC.";
-  ASSERT_TRUE(Open("FLDACQ-T02-001", Join(test::FldacqLines({{21.33, {{1, 0, 0, 62.5}, {2, 0, 0, 61.0}}},
-                                                             {38.06, {{1, 0, 0, 118.0}}}},
-                                                            marker))));
+  ASSERT_TRUE(Open("FLDACQ-T02-001",
+                   Join(test::FldacqLines(
+                       {{21.33, {{1, 0, 0, 62.5}, {2, 0, 0, 61.0}}}, {38.06, {{1, 0, 0, 118.0}}}}, marker))));
   const DissipationSet& s = Set();
   EXPECT_EQ(s.FileKind, kFldacqDissipation);
   EXPECT_EQ(s.SectionMarker, marker);
@@ -173,11 +176,11 @@ TEST_F(DissipationOpenTest, AnFldacqRowEqualToTheFirstLineOpensANewTest) {
 }
 
 TEST_F(DissipationOpenTest, SoundingAndSeismicFilesAreRefusedByName) {
-  for (const auto& [name, message] : std::vector<std::pair<std::string, std::string>>{
-           {"CPT-A01.DAT", "! CPT-A01.DAT is a sounding file"},
-           {"push.cpt", "! push.cpt is a sounding file"},
-           {"SCPT-3.SEI", "! SCPT-3.SEI is a seismic file"},
-           {"wave.smc", "! wave.smc is a seismic file"}}) {
+  for (const auto& [name, message] :
+       std::vector<std::pair<std::string, std::string>>{{"CPT-A01.DAT", "! CPT-A01.DAT is a sounding file"},
+                                                        {"push.cpt", "! push.cpt is a sounding file"},
+                                                        {"SCPT-3.SEI", "! SCPT-3.SEI is a seismic file"},
+                                                        {"wave.smc", "! wave.smc is a seismic file"}}) {
     EXPECT_FALSE(OpenPath(t.data.File(name))) << name;
     EXPECT_EQ(t.prompts.Texts(), std::vector<std::string>{message});
     EXPECT_TRUE(shell.View().test_type_visible);
@@ -225,13 +228,17 @@ TEST_F(DissipationOpenTest, BadFilesEndInTheirMessageAndLeaveTheFileBefore) {
       {"EMPTY.DIS", "", "Error #62: 'Input past end of file' from 'ReadFieldboxDissipation'"},
       {"TRUNC.DIS", Join(truncated), "Error #62: 'Input past end of file' from 'ReadFieldboxDissipation'"},
       {"ROWS.DIS", Join(too_many), "Error #9: 'Subscript out of range' from 'ReadFieldboxDissipation'"},
-      {"TESTS.DIS", Join(too_many_tests), "Error #9: 'Subscript out of range' from 'ReadFieldboxDissipation'"},
+      {"TESTS.DIS", Join(too_many_tests),
+       "Error #9: 'Subscript out of range' from 'ReadFieldboxDissipation'"},
       {"PXCOL.DIS", Join(px_without_column),
        "Error #5: 'Invalid procedure call or argument' from 'ReadPXDissipation'"},
-      {"FLDACQ-SHORT", "COASTAL\r\nDissipation Test\r\n", "Error #62: 'Input past end of file' from 'ReadFldacqDissipation'"},
+      {"FLDACQ-SHORT", "COASTAL\r\nDissipation Test\r\n",
+       "Error #62: 'Input past end of file' from 'ReadFldacqDissipation'"},
       {"FLDACQ-EMPTY", "", "Error #62: 'Input past end of file' from 'ReadFldacqDissipation'"},
-      {"FLDACQ-ROWS", Join(fldacq_too_many), "Error #9: 'Subscript out of range' from 'ReadFldacqDissipation'"},
-      {"FLDACQ-CUT", Join(fldacq_cut_test), "Error #62: 'Input past end of file' from 'ReadFldacqDissipation'"},
+      {"FLDACQ-ROWS", Join(fldacq_too_many),
+       "Error #9: 'Subscript out of range' from 'ReadFldacqDissipation'"},
+      {"FLDACQ-CUT", Join(fldacq_cut_test),
+       "Error #62: 'Input past end of file' from 'ReadFldacqDissipation'"},
       {"PXTRUNC.DIS", Join(px_truncated), "Error #62: 'Input past end of file' from 'ReadPXDissipation'"},
       {"PXROWS.DIS", Join(px_too_many), "Error #9: 'Subscript out of range' from 'ReadPXDissipation'"},
       {"PXZERO.DIS", Join(px_no_divisor), "Error #11: 'Division by zero' from 'ReadPXDissipation'"},

@@ -18,8 +18,8 @@ class T50Test : public ::testing::Test {
     s.DissipationCount = 1;
     s.TestDepth[1] = 10;
     // 500 kPa falling to 100 kPa: 300 kPa is crossed between 60 s and 120 s.
-    for (const auto& [time, pressure] : std::initializer_list<std::pair<int, float>>{
-             {0, 500}, {60, 400}, {120, 200}, {600, 100}}) {
+    for (const auto& [time, pressure] :
+         std::initializer_list<std::pair<int, float>>{{0, 500}, {60, 400}, {120, 200}, {600, 100}}) {
       const int k = DissipationRows::Append(s, 1);
       s.RowTime(1, k) = time;
       s.RowPressure(1, k) = pressure;

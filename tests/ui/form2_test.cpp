@@ -135,8 +135,9 @@ class Form2Test : public QObject {
     t_->prompts.ClearLog();
     plot->mnuPercentOverHeadDissipationVsTime->trigger();
     QVERIFY(plot->mnuPercentOverHeadDissipationVsTime->isChecked());
-    QCOMPARE(Log(), QStringList{"! WATER TABLE DEPTH IS CURRENTLY UNDEFINED. CLICK 'Water Table Depth' TO CHANGE IF "
-                                "INCORRECT"});
+    QCOMPARE(Log(),
+             QStringList{"! WATER TABLE DEPTH IS CURRENTLY UNDEFINED. CLICK 'Water Table Depth' TO CHANGE IF "
+                         "INCORRECT"});
     // The water table dialog derives the head percentages again and the main window shows it.
     WithDialog<marlview::FrmChangeWaterTableDepth>(plot->mnuWaterTable, [](auto* dialog) {
       dialog->txtWaterTableDepth->setText("2.4");
@@ -231,7 +232,8 @@ class Form2Test : public QObject {
     t_->prompts.Script({"Yes"});
     plot->mnuReturn->trigger();
     QTRY_VERIFY(form_->frmDissipations->PlotWindow() == nullptr);
-    QVERIFY(Log().contains("? THIS WILL CLOSE ALL OPEN WINDOWS AND RETURN TO THE MAIN FORM. CONTINUE? -> Yes"));
+    QVERIFY(
+        Log().contains("? THIS WILL CLOSE ALL OPEN WINDOWS AND RETURN TO THE MAIN FORM. CONTINUE? -> Yes"));
   }
 };
 

@@ -13,7 +13,8 @@ namespace marlview {
 namespace {
 
 constexpr const char* kDissipationFilter =
-    "PX DAS/QRD FIELDBOX-FLDREC (*.DIS)|*.DIS|QRD-FIELDBOX-FLDACQ (*.*)|*.*|ALL SYSTEMS (*.DIS;*.*)|*.DIS;*.*";
+    "PX DAS/QRD FIELDBOX-FLDREC (*.DIS)|*.DIS|QRD-FIELDBOX-FLDACQ (*.*)|*.*|ALL SYSTEMS "
+    "(*.DIS;*.*)|*.DIS;*.*";
 
 }  // namespace
 

@@ -20,8 +20,8 @@ constexpr const char* kDefaultFormatFile = "DefaultPPFormat.txt";
 constexpr Colour kGridColour{176, 176, 176};
 constexpr Colour kMinorGridColour{224, 224, 224};
 constexpr Colour kT50Colour{0, 128, 0};
-constexpr Colour kTestColours[] = {{0, 0, 255},   {255, 0, 0},   {0, 128, 0},   {128, 0, 128},
-                                   {255, 128, 0}, {0, 128, 128}, {128, 64, 0},  {0, 0, 0}};
+constexpr Colour kTestColours[] = {{0, 0, 255},   {255, 0, 0},   {0, 128, 0},  {128, 0, 128},
+                                   {255, 128, 0}, {0, 128, 128}, {128, 64, 0}, {0, 0, 0}};
 // Half the width of the list's row marker, in surface units.
 constexpr double kMarkerHalfWidth = 200;
 constexpr double kSecondsPerMinute = 60;
@@ -42,7 +42,8 @@ struct RowPoint {
   double x, y;
 };
 
-std::optional<RowPoint> PlacedRow(const DissipationPlotState& plot, const DissipationSet& set, int test, int row) {
+std::optional<RowPoint> PlacedRow(const DissipationPlotState& plot, const DissipationSet& set, int test,
+                                  int row) {
   double time_fraction = TimeFraction(plot, set.RowTime(test, row));
   // On the log axis the first row stands at the left edge, whatever its time.
   if (plot.TimeFormat == kLogTime && row == 1) time_fraction = 0;
@@ -51,14 +52,16 @@ std::optional<RowPoint> PlacedRow(const DissipationPlotState& plot, const Dissip
     if (time_fraction < 0 || time_fraction > 1) return std::nullopt;
     value = std::clamp(value, static_cast<double>(plot.PressureMin), static_cast<double>(plot.PressureMax));
   }
-  return RowPoint{plot.PlotLeft + time_fraction * plot.PlotWidth, plot.PlotTop + ValueFraction(plot, value) * plot.PlotHeight};
+  return RowPoint{plot.PlotLeft + time_fraction * plot.PlotWidth,
+                  plot.PlotTop + ValueFraction(plot, value) * plot.PlotHeight};
 }
 
 // Draws a series of points; on screen the points within one pixel column are drawn as one
 // vertical stroke, so a long test draws in the time of its width.
 class Trace {
  public:
-  Trace(DrawingSurface& g, Colour colour) : g_(g), colour_(colour), pixel_(g.IsPrinter() ? 0 : g.PixelWidth()) {}
+  Trace(DrawingSurface& g, Colour colour)
+      : g_(g), colour_(colour), pixel_(g.IsPrinter() ? 0 : g.PixelWidth()) {}
   ~Trace() { Flush(); }
 
   void Add(double x, double y) {
@@ -101,7 +104,8 @@ void ManualSteps(float max, float min, float& step, int16_t& major, int16_t& min
 
 class DissipationDrawing {
  public:
-  DissipationDrawing(DrawingSurface& g, double width, double height, DissipationPlotState& plot, const Session& session)
+  DissipationDrawing(DrawingSurface& g, double width, double height, DissipationPlotState& plot,
+                     const Session& session)
       : g_(g), width_(width), height_(height), plot_(plot), session_(session), set_(session.Dissipation()) {}
 
   void Draw();
@@ -145,8 +149,10 @@ void DissipationDrawing::Draw() {
   plot_.PlotBottom = static_cast<int32_t>(std::max(plot_.PlotTop + 1.0, std::floor(height_ - below)));
   plot_.PlotWidth = std::max(1, plot_.PlotRight - plot_.PlotLeft);
   plot_.PlotHeight = std::max(1, plot_.PlotBottom - plot_.PlotTop);
-  if (!plot_.ManualScale) AutoScaleDissipation(plot_, set_);
-  else DeriveTimeAxis(plot_);
+  if (!plot_.ManualScale)
+    AutoScaleDissipation(plot_, set_);
+  else
+    DeriveTimeAxis(plot_);
   Header();
   ValueAxis();
   TimeAxis();
@@ -171,13 +177,15 @@ void DissipationDrawing::Header() {
   g_.SetFont("Arial", 8, false, false);
   const bool px = set_.FileKind == kPxDasDissipation;
   Text(plot_.PlotLeft, y + line_, "LOCATION: " + (px ? set_.PxLocation : set_.Location));
-  Text(plot_.PlotLeft + plot_.PlotWidth / 2.0, y + line_, "DATE: " + (px ? set_.TestDateText : set_.TestDate));
+  Text(plot_.PlotLeft + plot_.PlotWidth / 2.0, y + line_,
+       "DATE: " + (px ? set_.TestDateText : set_.TestDate));
   Text(plot_.PlotLeft, y + line_ * 2, plot_.Title);
   const std::string logo = session_.SettingsPath("logo.jpg");
   if (FileExists(logo)) {
     const double scale = session_.logo.Scale[2] / 100.0;
     const double w = kLogoWidthInches * kUnitsPerInch * scale, h = kLogoHeightInches * kUnitsPerInch * scale;
-    g_.PaintPicture(Picture{logo}, plot_.PlotRight - w, line_ * 0.3, w, std::min(h, plot_.PlotTop - line_ * 0.6));
+    g_.PaintPicture(Picture{logo}, plot_.PlotRight - w, line_ * 0.3, w,
+                    std::min(h, plot_.PlotTop - line_ * 0.6));
   }
 }
 
@@ -266,7 +274,7 @@ void DissipationDrawing::ValueAxis() {
       }
     }
   }
-  std::string title = plot_.PressureDisplayMode == kPercentOfMax     ? "% MAX PRESSURE (%)"
+  std::string title = plot_.PressureDisplayMode == kPercentOfMax      ? "% MAX PRESSURE (%)"
                       : plot_.PressureDisplayMode == kPercentOverHead ? "% HEAD PRESSURE (%)"
                                                                       : plot_.AxisWord + " " + plot_.UnitText;
   Text(std::max(0.0, plot_.PlotLeft - g_.TextWidth(title) / 2), plot_.PlotTop - line_ * 1.3, title);
@@ -339,7 +347,9 @@ DissipationPlotState NewDissipationPlot(const Session& session, const Dissipatio
   return plot;
 }
 
-std::string DissipationPlotCaption(const DissipationSet& set) { return "DISSIPATION PLOT: " + set.DissipationFileName; }
+std::string DissipationPlotCaption(const DissipationSet& set) {
+  return "DISSIPATION PLOT: " + set.DissipationFileName;
+}
 
 int16_t ReadDefaultTimeFormat(const Session& session) {
   const auto bytes = TryReadWholeFile(session.SettingsPath(kDefaultFormatFile));
@@ -354,26 +364,30 @@ void SetTimeFormat(DissipationPlotState& plot, int16_t format) {
 }
 
 void AskDefaultTimeFormat(const Session& session, int16_t format, UserPrompts& prompts) {
-  const char* name = format == kLogTime ? "Logarithmic" : format == kSquareRootTime ? "Square Root" : "Linear";
+  const char* name = format == kLogTime          ? "Logarithmic"
+                     : format == kSquareRootTime ? "Square Root"
+                                                 : "Linear";
   const std::string question = std::string("Would you like to set the default format to '") + name + "'?";
   if (prompts.Ask(question, Buttons::kYesNo) != Answer::kYes) return;
-  InProcedure("SetDefaultFormat", [&] {
-    WriteFileAtomically(session.SettingsPath(kDefaultFormatFile), NumberLine(format));
-  });
+  InProcedure("SetDefaultFormat",
+              [&] { WriteFileAtomically(session.SettingsPath(kDefaultFormatFile), NumberLine(format)); });
 }
 
-bool SetPressureDisplayMode(DissipationPlotState& plot, const DissipationSet& set, int16_t mode, UserPrompts& prompts) {
+bool SetPressureDisplayMode(DissipationPlotState& plot, const DissipationSet& set, int16_t mode,
+                            UserPrompts& prompts) {
   if (mode == kPercentOverHead) {
     float deepest = -1e30f;
     for (int i = 1; i <= std::min<int>(set.DissipationCount, kMaxDissipations); ++i) {
       if (plot.selection.Selected(i)) deepest = std::max(deepest, set.TestDepth[static_cast<size_t>(i)]);
     }
     if (deepest < set.WaterTableDepth) {
-      prompts.Tell("WATER TABLE DEPTH IS GREATER THAN DISSIPATION DEPTH. CANNOT DISPLAY PERCENT HEAD PRESSURE");
+      prompts.Tell(
+          "WATER TABLE DEPTH IS GREATER THAN DISSIPATION DEPTH. CANNOT DISPLAY PERCENT HEAD PRESSURE");
       return false;
     }
     if (set.WaterTableDepth == kUndefinedWaterTable) {
-      prompts.Tell("WATER TABLE DEPTH IS CURRENTLY UNDEFINED. CLICK 'Water Table Depth' TO CHANGE IF INCORRECT");
+      prompts.Tell(
+          "WATER TABLE DEPTH IS CURRENTLY UNDEFINED. CLICK 'Water Table Depth' TO CHANGE IF INCORRECT");
     }
   }
   // Manual limits of one kind of value mean nothing for another.
@@ -458,7 +472,8 @@ void GraphDissipation(DrawingSurface& surface, double width, double height, Diss
                       const Session& session) {
   InProcedure("GraphDissipation", [&] {
     if (plot.ManualScale) {
-      ManualSteps(plot.PressureMax, plot.PressureMin, plot.PressureStep, plot.PressureMajor, plot.PressureMinor);
+      ManualSteps(plot.PressureMax, plot.PressureMin, plot.PressureStep, plot.PressureMajor,
+                  plot.PressureMinor);
       ++plot.PressureMajor;
       if (plot.TimeFormat == kLinearTime && plot.TimeMax > plot.TimeMin) {
         ManualSteps(plot.TimeMax, plot.TimeMin, plot.TimeStep, plot.TimeMajor, plot.TimeMinor);
@@ -468,7 +483,8 @@ void GraphDissipation(DrawingSurface& surface, double width, double height, Diss
   });
 }
 
-void LineDraw(DrawingSurface& surface, const DissipationPlotState& plot, const DissipationSet& set, int test, int row) {
+void LineDraw(DrawingSurface& surface, const DissipationPlotState& plot, const DissipationSet& set, int test,
+              int row) {
   if (test < 1 || test > kMaxDissipations || row < 1 || row > set.RowCount[static_cast<size_t>(test)]) return;
   const double t = set.RowTime(test, row);
   double fraction = TimeFraction(plot, t);
@@ -497,17 +513,18 @@ DissipationScaleEntry DissipationScaleTexts(const DissipationPlotState& plot) {
 }
 
 std::string DissipationScaleLabel(const DissipationPlotState& plot) {
-  return plot.PressureDisplayMode == kPercentOfMax     ? "% MAX PRESSURE"
+  return plot.PressureDisplayMode == kPercentOfMax      ? "% MAX PRESSURE"
          : plot.PressureDisplayMode == kPercentOverHead ? "% HEAD PRESSURE"
                                                         : "PRESSURE";
 }
 
-bool ApplyDissipationScale(DissipationPlotState& plot, const DissipationScaleEntry& entry, UserPrompts& prompts,
-                           ScaleBox& bad_box) {
+bool ApplyDissipationScale(DissipationPlotState& plot, const DissipationScaleEntry& entry,
+                           UserPrompts& prompts, ScaleBox& bad_box) {
   bad_box = ScaleBox::kNone;
   const bool linear = plot.TimeFormat == kLinearTime;
   const double time_min = LenientNumber(entry.time_min), time_max = LenientNumber(entry.time_max);
-  const double pressure_min = LenientNumber(entry.pressure_min), pressure_max = LenientNumber(entry.pressure_max);
+  const double pressure_min = LenientNumber(entry.pressure_min),
+               pressure_max = LenientNumber(entry.pressure_max);
   if (linear && time_min < 0) {
     prompts.Tell("Min time must be greater than 0.");
     bad_box = ScaleBox::kTimeMin;
@@ -540,10 +557,11 @@ std::vector<std::string> DissipationFooter(const DissipationPlotState& plot, con
   const int test = plot.selection.LastSelected;
   const bool test_known = test >= 1 && test <= kMaxDissipations;
   if (plot.PrintMaxPressure || plot.PressureDisplayMode == kPercentOfMax) {
-    lines.push_back(one && test_known ? "MAXIMUM PRESSURE = " +
-                                            FormatNumber(set.MaxPressure[static_cast<size_t>(test)], "###0.0##") + " " +
-                                            plot.UnitText
-                                      : "MAXIMUM PRESSURE = N/A (MORE THAN ONE DISSIPATION SELECTED)");
+    lines.push_back(
+        one && test_known
+            ? "MAXIMUM PRESSURE = " + FormatNumber(set.MaxPressure[static_cast<size_t>(test)], "###0.0##") +
+                  " " + plot.UnitText
+            : "MAXIMUM PRESSURE = N/A (MORE THAN ONE DISSIPATION SELECTED)");
   }
   if (plot.PrintHydrostatic || plot.PressureDisplayMode == kPercentOverHead) {
     const bool defined = set.WaterTableDepth != kUndefinedWaterTable;
@@ -552,7 +570,8 @@ std::vector<std::string> DissipationFooter(const DissipationPlotState& plot, con
       const double depth = metric ? set.WaterTableDepth : set.WaterTableDepth * session.FeetPerMetre;
       lines.push_back("HYDROSTATIC PRESSURE = " +
                       FormatNumber(set.HydrostaticPressure[static_cast<size_t>(test)], "###0.0##") + " " +
-                      plot.UnitText + ", WATER TABLE: " + FormatNumber(depth, "##0.00") + (metric ? " m" : " ft"));
+                      plot.UnitText + ", WATER TABLE: " + FormatNumber(depth, "##0.00") +
+                      (metric ? " m" : " ft"));
     } else if (!defined) {
       lines.push_back(std::string("HYDROSTATIC PRESSURE = N/A ") + ", WATER TABLE: " + "UNDEFINED");
     } else {

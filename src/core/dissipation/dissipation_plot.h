@@ -29,7 +29,9 @@ struct DissipationSelection {
   int ShallowSelected = 0;
   int DeepSelected = 0;
   int LastSelected = 0;
-  bool Selected(int i) const { return i >= 1 && i <= kMaxDissipations && SelectedFlag[static_cast<size_t>(i)] == kSelectedFlag; }
+  bool Selected(int i) const {
+    return i >= 1 && i <= kMaxDissipations && SelectedFlag[static_cast<size_t>(i)] == kSelectedFlag;
+  }
 };
 
 enum PressureDisplay : int16_t { kPressureValues = 0, kPercentOfMax = 1, kPercentOverHead = 2 };
@@ -81,7 +83,8 @@ void SetTimeFormat(DissipationPlotState& plot, int16_t format);
 void AskDefaultTimeFormat(const Session& session, int16_t format, UserPrompts& prompts);
 // A mode menu; percent over head is refused, with its message, when the water table lies below
 // the deepest selected test. True when the mode was applied.
-bool SetPressureDisplayMode(DissipationPlotState& plot, const DissipationSet& set, int16_t mode, UserPrompts& prompts);
+bool SetPressureDisplayMode(DissipationPlotState& plot, const DissipationSet& set, int16_t mode,
+                            UserPrompts& prompts);
 
 // Limits from the data of the selected tests, when no manual scale is set.
 void AutoScaleDissipation(DissipationPlotState& plot, const DissipationSet& set);
@@ -110,8 +113,8 @@ struct DissipationScaleEntry {
 enum class ScaleBox { kNone, kTimeMin, kTimeMax, kPressureMax };
 DissipationScaleEntry DissipationScaleTexts(const DissipationPlotState& plot);
 std::string DissipationScaleLabel(const DissipationPlotState& plot);
-bool ApplyDissipationScale(DissipationPlotState& plot, const DissipationScaleEntry& entry, UserPrompts& prompts,
-                           ScaleBox& bad_box);
+bool ApplyDissipationScale(DissipationPlotState& plot, const DissipationScaleEntry& entry,
+                           UserPrompts& prompts, ScaleBox& bad_box);
 
 // The footer lines of values under the plot.
 std::vector<std::string> DissipationFooter(const DissipationPlotState& plot, const Session& session);

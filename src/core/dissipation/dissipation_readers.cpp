@@ -82,14 +82,15 @@ void SplitGps(std::string_view value, DissipationSet& set) {
   std::string* fields[] = {&set.GpsLatitude, &set.GpsLongitude, &set.GpsElevation, &set.GpsSatellites,
                            &set.GpsQuality};
   for (std::string* field : fields) *field = "0";
-  const bool hemisphere = value.find('S') != std::string_view::npos || value.find('N') != std::string_view::npos;
+  const bool hemisphere =
+      value.find('S') != std::string_view::npos || value.find('N') != std::string_view::npos;
   if (!hemisphere || value.find(',') == std::string_view::npos) return;
   size_t start = 0;
   for (std::string* field : fields) {
     if (start > value.size()) break;
     const size_t comma = value.find(',', start);
-    const std::string_view piece =
-        TrimBlanks(value.substr(start, comma == std::string_view::npos ? std::string_view::npos : comma - start));
+    const std::string_view piece = TrimBlanks(
+        value.substr(start, comma == std::string_view::npos ? std::string_view::npos : comma - start));
     if (!piece.empty()) *field = std::string(piece);
     if (comma == std::string_view::npos) break;
     start = comma + 1;
@@ -114,19 +115,45 @@ struct ChannelRule {
 };
 // Later rows win: "VREF RATIO" holds "Ref" and is a ratio in percent.
 constexpr ChannelRule kChannelRules[] = {
-    {"Tip", "(psi)", 1},          {"Sleeve", "(psi)", 1},       {"Pore Press", "(psi)", 1},
-    {"Pore Pressure", "(psi)", 1}, {"Multi-SL1", "(psi)", 1},   {"Multi-SL2", "(psi)", 1},
-    {"Multi-SL3", "(psi)", 1},     {"Multi-SL4", "(psi)", 1},   {"Multi-PP1", "(psi)", 1},
-    {"Multi-PP2", "(psi)", 1},     {"Multi-PP3", "(psi)", 1},   {"Multi-PP4", "(psi)", 1},
-    {"Multi-PP5", "(psi)", 1},     {"Excitation Sense", "(V)", 6}, {"Exc Sense", "(V)", 6},
-    {"Aux1", "(V)", 6},            {"Aux2", "(V)", 6},          {"Ref", "(V)", 6},
-    {"MFFD", "(V)", 6},            {"VREF RATIO", "(%)", 6},    {"Temperature", "(deg)", 5},
-    {"Incl X", "(deg)", 7},        {"Inclination X", "(deg)", 7}, {"Incl Y", "(deg)", 7},
-    {"Inclination Y", "(deg)", 7}, {"HFFD", "(V)", 8},          {"LFFD", "(V)", 8},
-    {"Rod Depth", "(ft)", 2},      {"Feed Force C", "(cnts)", 12}, {"Blows C", "(cnts)", 12},
-    {"RPM C", "(cnts)", 12},       {"RED", "(cnts)", 12},       {"GREEN", "(cnts)", 12},
-    {"BLUE", "(cnts)", 12},        {"CLEAR", "(cnts)", 12},     {"Feed Force F", "(Hz)", 12},
-    {"Blows F", "(Hz)", 12},       {"RPM F", "(Hz)", 12},       {"Resistivity", "(Ohm-m)", 9},
+    {"Tip", "(psi)", 1},
+    {"Sleeve", "(psi)", 1},
+    {"Pore Press", "(psi)", 1},
+    {"Pore Pressure", "(psi)", 1},
+    {"Multi-SL1", "(psi)", 1},
+    {"Multi-SL2", "(psi)", 1},
+    {"Multi-SL3", "(psi)", 1},
+    {"Multi-SL4", "(psi)", 1},
+    {"Multi-PP1", "(psi)", 1},
+    {"Multi-PP2", "(psi)", 1},
+    {"Multi-PP3", "(psi)", 1},
+    {"Multi-PP4", "(psi)", 1},
+    {"Multi-PP5", "(psi)", 1},
+    {"Excitation Sense", "(V)", 6},
+    {"Exc Sense", "(V)", 6},
+    {"Aux1", "(V)", 6},
+    {"Aux2", "(V)", 6},
+    {"Ref", "(V)", 6},
+    {"MFFD", "(V)", 6},
+    {"VREF RATIO", "(%)", 6},
+    {"Temperature", "(deg)", 5},
+    {"Incl X", "(deg)", 7},
+    {"Inclination X", "(deg)", 7},
+    {"Incl Y", "(deg)", 7},
+    {"Inclination Y", "(deg)", 7},
+    {"HFFD", "(V)", 8},
+    {"LFFD", "(V)", 8},
+    {"Rod Depth", "(ft)", 2},
+    {"Feed Force C", "(cnts)", 12},
+    {"Blows C", "(cnts)", 12},
+    {"RPM C", "(cnts)", 12},
+    {"RED", "(cnts)", 12},
+    {"GREEN", "(cnts)", 12},
+    {"BLUE", "(cnts)", 12},
+    {"CLEAR", "(cnts)", 12},
+    {"Feed Force F", "(Hz)", 12},
+    {"Blows F", "(Hz)", 12},
+    {"RPM F", "(Hz)", 12},
+    {"Resistivity", "(Ohm-m)", 9},
     {"Soil Moist", "%", 10},
 };
 
@@ -221,7 +248,8 @@ void ReadFieldboxDissipation(std::string_view bytes, const UnitTables& units, Di
       const std::string_view line = lines.Next();
       SplitOperatorCrew(line, FieldboxValue(line), set);
     }
-    for (std::string* field : {&set.Project, &set.Site, &set.Location, &set.Comments, &set.TestDate, &set.StartTime}) {
+    for (std::string* field :
+         {&set.Project, &set.Site, &set.Location, &set.Comments, &set.TestDate, &set.StartTime}) {
       *field = FieldboxValue(lines.Next());
     }
     SplitGps(FieldboxValue(lines.Next()), set);
@@ -286,8 +314,9 @@ void ReadPXDissipation(std::string_view bytes, DissipationSet& set) {
   InProcedure("ReadPXDissipation", [&] {
     LineCursor lines(bytes);
     lines.Next();
-    for (std::string* field : {&set.Customer, &set.OperatorName, &set.ConeId, &set.PxLocation, &set.JobNumber,
-                               &set.HoleNumber, &set.TestDateText, &set.Comment1, &set.Comment2, &set.Comment3}) {
+    for (std::string* field :
+         {&set.Customer, &set.OperatorName, &set.ConeId, &set.PxLocation, &set.JobNumber, &set.HoleNumber,
+          &set.TestDateText, &set.Comment1, &set.Comment2, &set.Comment3}) {
       *field = std::string(lines.Next());
     }
     {
@@ -297,7 +326,8 @@ void ReadPXDissipation(std::string_view bytes, DissipationSet& set) {
       size_t start = 0;
       while (true) {
         const size_t comma = sentence.find(',', start);
-        fields.push_back(sentence.substr(start, comma == std::string_view::npos ? std::string_view::npos : comma - start));
+        fields.push_back(
+            sentence.substr(start, comma == std::string_view::npos ? std::string_view::npos : comma - start));
         if (comma == std::string_view::npos) break;
         start = comma + 1;
       }
@@ -314,7 +344,8 @@ void ReadPXDissipation(std::string_view bytes, DissipationSet& set) {
     for (int j = 1; j <= 7; ++j) set.PXHeaderLine[static_cast<size_t>(j)] = std::string(lines.Next());
     const std::string& titles = set.PXHeaderLine[2];
     const size_t marker = titles.find("PRESSURE U");
-    set.PressureColumn = static_cast<int16_t>(marker == std::string::npos ? -8 : static_cast<int>(marker) + 1 - 8);
+    set.PressureColumn =
+        static_cast<int16_t>(marker == std::string::npos ? -8 : static_cast<int>(marker) + 1 - 8);
     // A 1-based column; the cut at a column before the first is the invalid argument it always was.
     auto field_at = [&](std::string_view line, size_t width) {
       if (set.PressureColumn < 1) Fail(kErrInvalidCall);
@@ -364,7 +395,8 @@ void ReadFldacqDissipation(std::string_view bytes, DissipationSet& set) {
       const std::string_view line = lines.Next();
       SplitOperatorCrew(line, FldacqValue(line), set);
     }
-    for (std::string* field : {&set.Project, &set.Site, &set.Location, &set.Comments, &set.TestDate, &set.StartTime}) {
+    for (std::string* field :
+         {&set.Project, &set.Site, &set.Location, &set.Comments, &set.TestDate, &set.StartTime}) {
       *field = FldacqValue(lines.Next());
     }
     SplitGps(FldacqValue(lines.Next()), set);
@@ -398,7 +430,8 @@ void ReadFldacqDissipation(std::string_view bytes, DissipationSet& set) {
       const std::string_view line = lines.Next();
       if (line == set.SectionMarker) {
         lines.Skip(26);
-        const float depth = static_cast<float>(LenientNumber(FldacqValue(lines.Next())) / kFeetPerMetreInFiles);
+        const float depth =
+            static_cast<float>(LenientNumber(FldacqValue(lines.Next())) / kFeetPerMetreInFiles);
         AddTest(set, depth);
         lines.Skip(21);
         continue;

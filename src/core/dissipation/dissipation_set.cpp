@@ -2,6 +2,7 @@
 #include "core/dissipation/dissipation_set.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "core/common/number_format.h"
 #include "core/common/runtime_failure.h"
@@ -21,14 +22,15 @@ DissipationSet::DissipationSet()
 void DissipationSet::Reset() {
   const int16_t kind = FileKind;
   const float water_table = WaterTableDepth;
-  const int high = high_test_;
-  RowTime.ClearRows(0, high);
-  RowChannelA.ClearRows(0, high);
-  RowChannelB.ClearRows(0, high);
-  RowPressure.ClearRows(0, high);
-  PercentMax.ClearRows(0, high);
-  PercentHead.ClearRows(0, high);
-  for (int i = 0; i <= high; ++i) RowText[static_cast<size_t>(i)].clear();
+  // Only the rows in use are cleared: a test's table is 40 kB, and most of it is never touched.
+  for (int i = 0; i <= high_test_; ++i) {
+    const size_t used = static_cast<size_t>(RowCount[static_cast<size_t>(i)]) + 1;
+    std::memset(RowTime.Row(i), 0, used * sizeof(int32_t));
+    for (FixedTable<float>* table : {&RowChannelA, &RowChannelB, &RowPressure, &PercentMax, &PercentHead}) {
+      std::memset(table->Row(i), 0, used * sizeof(float));
+    }
+    RowText[static_cast<size_t>(i)].clear();
+  }
   TestDepth.fill(0);
   RowCount.fill(0);
   MaxPressure.fill(0);
@@ -48,61 +50,43 @@ void DissipationSet::Reset() {
   PorePressureChannel = 0;
   for (auto& line : PXHeaderLine) line.clear();
   PressureColumn = 0;
-  for (std::string* text :
-       {&TestId, &Operator, &Crew, &Project, &Site, &Location, &Comments, &TestDate, &StartTime, &GpsLatitude,
-        &GpsLongitude, &GpsElevation, &GpsSatellites, &GpsQuality, &Client, &ClientRepresentative, &Weather,
-        &DasVersion, &DasSystem, &ProbeSerialNumber, &Customer, &OperatorName, &ConeId, &PxLocation, &JobNumber,
-        &HoleNumber, &TestDateText, &Comment1, &Comment2, &Comment3, &DissipationPath, &DissipationFileName}) {
+  for (std::string* text : {&TestId,
+                            &Operator,
+                            &Crew,
+                            &Project,
+                            &Site,
+                            &Location,
+                            &Comments,
+                            &TestDate,
+                            &StartTime,
+                            &GpsLatitude,
+                            &GpsLongitude,
+                            &GpsElevation,
+                            &GpsSatellites,
+                            &GpsQuality,
+                            &Client,
+                            &ClientRepresentative,
+                            &Weather,
+                            &DasVersion,
+                            &DasSystem,
+                            &ProbeSerialNumber,
+                            &Customer,
+                            &OperatorName,
+                            &ConeId,
+                            &PxLocation,
+                            &JobNumber,
+                            &HoleNumber,
+                            &TestDateText,
+                            &Comment1,
+                            &Comment2,
+                            &Comment3,
+                            &DissipationPath,
+                            &DissipationFileName}) {
     text->clear();
   }
   high_test_ = 0;
   FileKind = kind;
   WaterTableDepth = water_table;
-}
-
-void DissipationSet::CopyFrom(const DissipationSet& other) {
-  const int high = std::max(high_test_, other.high_test_);
-  RowTime.CopyRowsFrom(other.RowTime, 0, high);
-  RowChannelA.CopyRowsFrom(other.RowChannelA, 0, high);
-  RowChannelB.CopyRowsFrom(other.RowChannelB, 0, high);
-  RowPressure.CopyRowsFrom(other.RowPressure, 0, high);
-  PercentMax.CopyRowsFrom(other.PercentMax, 0, high);
-  PercentHead.CopyRowsFrom(other.PercentHead, 0, high);
-  for (int i = 0; i <= high; ++i) RowText[static_cast<size_t>(i)] = other.RowText[static_cast<size_t>(i)];
-  high_test_ = other.high_test_;
-  FileKind = other.FileKind;
-  DissipationCount = other.DissipationCount;
-  TestDepth = other.TestDepth;
-  RowCount = other.RowCount;
-  MaxPressure = other.MaxPressure;
-  HydrostaticPressure = other.HydrostaticPressure;
-  WaterTableDepth = other.WaterTableDepth;
-  PressurePerMetreHead = other.PressurePerMetreHead;
-  PressureUnitIndex = other.PressureUnitIndex;
-  PressureUnitName = other.PressureUnitName;
-  SectionMarker = other.SectionMarker;
-  ChannelCount = other.ChannelCount;
-  ChannelName = other.ChannelName;
-  ChannelSensor = other.ChannelSensor;
-  ChannelKind = other.ChannelKind;
-  ChannelUnit = other.ChannelUnit;
-  ChannelBaseline = other.ChannelBaseline;
-  ChannelCal = other.ChannelCal;
-  PorePressureChannel = other.PorePressureChannel;
-  PXHeaderLine = other.PXHeaderLine;
-  PressureColumn = other.PressureColumn;
-  TestId = other.TestId, Operator = other.Operator, Crew = other.Crew, Project = other.Project;
-  Site = other.Site, Location = other.Location, Comments = other.Comments, TestDate = other.TestDate;
-  StartTime = other.StartTime, GpsLatitude = other.GpsLatitude, GpsLongitude = other.GpsLongitude;
-  GpsElevation = other.GpsElevation, GpsSatellites = other.GpsSatellites, GpsQuality = other.GpsQuality;
-  Client = other.Client, ClientRepresentative = other.ClientRepresentative, Weather = other.Weather;
-  DasVersion = other.DasVersion, DasSystem = other.DasSystem, ProbeSerialNumber = other.ProbeSerialNumber;
-  Customer = other.Customer, OperatorName = other.OperatorName, ConeId = other.ConeId;
-  PxLocation = other.PxLocation, JobNumber = other.JobNumber, HoleNumber = other.HoleNumber;
-  TestDateText = other.TestDateText, Comment1 = other.Comment1, Comment2 = other.Comment2;
-  Comment3 = other.Comment3;
-  DissipationPath = other.DissipationPath;
-  DissipationFileName = other.DissipationFileName;
 }
 
 int DissipationRows::Append(DissipationSet& set, int test) {

@@ -36,8 +36,6 @@ struct DissipationSet {
   // Empties the tests in use and the header, keeping what a new file does not always set: the
   // kind (a .DIS file of unknown first line is read as the kind before it) and the water table.
   void Reset();
-  // Copies everything of other that is in use.
-  void CopyFrom(const DissipationSet& other);
 
   int16_t FileKind = kFieldboxDissipation;
   int16_t DissipationCount = 0;

@@ -15,7 +15,8 @@ constexpr double kAngleStepPerTick = 0.001;
 
 // Where the slope line leaves the plot on one side: y at the edge, or, when that lies above or
 // below the rectangle, the point where the line meets its top or bottom.
-void LineEnd(const DissipationPlotState& plot, double edge_x, double edge_y, double angle, double& x, double& y) {
+void LineEnd(const DissipationPlotState& plot, double edge_x, double edge_y, double angle, double& x,
+             double& y) {
   const double sine = std::sin(angle), cosine = std::cos(angle);
   x = edge_x;
   y = edge_y;
@@ -50,7 +51,8 @@ T50State StartT50(const DissipationPlotState& plot, int16_t u0_mode) {
 }
 
 double PressureAtY(const DissipationPlotState& plot, double y) {
-  return (plot.PlotBottom - y) / plot.PlotHeight * (static_cast<double>(plot.PressureMax) - plot.PressureMin) +
+  return (plot.PlotBottom - y) / plot.PlotHeight *
+             (static_cast<double>(plot.PressureMax) - plot.PressureMin) +
          plot.PressureMin;
 }
 
@@ -81,8 +83,8 @@ void DrawSlopeLine(T50State& t50, DissipationPlotState& plot, const DissipationS
   lines.u100_y = FractionY(plot, u100_y);
   t50.U50 = t50.U0 + (t50.U100 - t50.U0) * 0.5f;
   const double span = static_cast<double>(plot.PressureMax) - plot.PressureMin;
-  const double u50_y = span == 0 ? plot.PlotBottom
-                                 : plot.PlotBottom - (t50.U50 - plot.PressureMin) / span * plot.PlotHeight;
+  const double u50_y =
+      span == 0 ? plot.PlotBottom : plot.PlotBottom - (t50.U50 - plot.PressureMin) / span * plot.PlotHeight;
   lines.u50_y = FractionY(plot, ClampY(plot, u50_y));
   lines.u0_text = "U0: " + FormatNumber(t50.U0, "#####0.00");
   lines.u100_text = "U100: " + FormatNumber(t50.U100, "#####0.00");
@@ -108,7 +110,8 @@ std::optional<float> FindT50(const DissipationSet& set, int test, float u50) {
     const float p1 = set.RowPressure(test, k), p2 = set.RowPressure(test, k + 1);
     const bool brackets = (p1 <= u50 && u50 <= p2) || (p2 <= u50 && u50 <= p1);
     if (!brackets) continue;
-    const float t1 = static_cast<float>(set.RowTime(test, k)), t2 = static_cast<float>(set.RowTime(test, k + 1));
+    const float t1 = static_cast<float>(set.RowTime(test, k)),
+                t2 = static_cast<float>(set.RowTime(test, k + 1));
     // A flat pair at U50 touches it from its first row.
     if (p2 == p1) return t1;
     return t1 + (u50 - p1) * (t2 - t1) / (p2 - p1);
@@ -138,10 +141,12 @@ void RepeatTick(T50State& t50, const DissipationPlotState& plot) {
       t50.SlopePivotX = std::min(t50.SlopePivotX + step, plot.PlotRight);
       break;
     case kCounterClockwise:
-      t50.SlopeAngle = std::max(static_cast<float>(t50.SlopeAngle - step * kAngleStepPerTick), -kSlopeAngleLimit);
+      t50.SlopeAngle =
+          std::max(static_cast<float>(t50.SlopeAngle - step * kAngleStepPerTick), -kSlopeAngleLimit);
       break;
     case kClockwise:
-      t50.SlopeAngle = std::min(static_cast<float>(t50.SlopeAngle + step * kAngleStepPerTick), kSlopeAngleLimit);
+      t50.SlopeAngle =
+          std::min(static_cast<float>(t50.SlopeAngle + step * kAngleStepPerTick), kSlopeAngleLimit);
       break;
     case kUpU100:
       t50.U100LineY = std::max(t50.U100LineY - step, plot.PlotTop);

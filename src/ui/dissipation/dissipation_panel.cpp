@@ -78,7 +78,8 @@ void DissipationPanel::Refresh() {
   QStringList rows;
   for (const std::string& row : view.depth_rows) rows << ToQString(row);
   QStringList current;
-  for (int i = 0; i < lstAvailableDissipations->count(); ++i) current << lstAvailableDissipations->item(i)->text();
+  for (int i = 0; i < lstAvailableDissipations->count(); ++i)
+    current << lstAvailableDissipations->item(i)->text();
   if (current != rows) {
     const QSignalBlocker block(lstAvailableDissipations);
     lstAvailableDissipations->clear();

@@ -24,8 +24,8 @@ class DissipationPanel : public QGroupBox {
 
  public:
   // on_changed runs after every event, so the main window mirrors the shell's state.
-  DissipationPanel(Session& session, UserPrompts& prompts, ShellController& shell, std::function<void()> on_changed,
-                   QWidget* parent);
+  DissipationPanel(Session& session, UserPrompts& prompts, ShellController& shell,
+                   std::function<void()> on_changed, QWidget* parent);
   ~DissipationPanel() override;
 
   // Mirrors the controller's view into the widgets.

@@ -23,8 +23,8 @@
 
 namespace marlview {
 
-Form2::Form2(Session& session, UserPrompts& prompts, DissipationPlotState plot, std::function<void()> on_water_table,
-             std::function<void()> on_return, QWidget* parent)
+Form2::Form2(Session& session, UserPrompts& prompts, DissipationPlotState plot,
+             std::function<void()> on_water_table, std::function<void()> on_return, QWidget* parent)
     : QMainWindow(parent),
       session_(session),
       prompts_(prompts),
@@ -87,8 +87,9 @@ void Form2::BuildMenus() {
   mnuGridMajorAndMinor = NamedAction(view, "mnuGridMajorAndMinor", "Grid Major a&nd Minor");
   view->addSeparator();
   mnuAdjustLogo = NamedAction(view, "mnuAdjustLogo", "Adjust &Logo...");
-  for (QAction* action : {mnuDissipationVsTime, mnuPercentMaxDissipationVsTime, mnuPercentOverHeadDissipationVsTime,
-                          mnuLinearTime, mnuLogTime, mnuSquareRoot, mnuGridOff, mnuGridMajor, mnuGridMajorAndMinor}) {
+  for (QAction* action :
+       {mnuDissipationVsTime, mnuPercentMaxDissipationVsTime, mnuPercentOverHeadDissipationVsTime,
+        mnuLinearTime, mnuLogTime, mnuSquareRoot, mnuGridOff, mnuGridMajor, mnuGridMajorAndMinor}) {
     action->setCheckable(true);
   }
 
@@ -114,7 +115,8 @@ void Form2::Connect() {
   };
   on(mnuDissipationVsTime, "mnuDissipationVsTime_Click", mode(kPressureValues));
   on(mnuPercentMaxDissipationVsTime, "mnuPercentMaxDissipationVsTime_Click", mode(kPercentOfMax));
-  on(mnuPercentOverHeadDissipationVsTime, "mnuPercentOverHeadDissipationVsTime_Click", mode(kPercentOverHead));
+  on(mnuPercentOverHeadDissipationVsTime, "mnuPercentOverHeadDissipationVsTime_Click",
+     mode(kPercentOverHead));
   // The time menus draw first, then ask about the default.
   connect(mnuLinearTime, &QAction::triggered, this, [this] { ChooseTimeFormat(kLinearTime); });
   connect(mnuLogTime, &QAction::triggered, this, [this] { ChooseTimeFormat(kLogTime); });
@@ -124,7 +126,8 @@ void Form2::Connect() {
   on(mnuGridMajorAndMinor, "mnuGridMajorAndMinor_Click", [this] { plot_.GridMode = 2; });
   on(mnuScale, "ScalePlot", [this] { FrmScaleDissipation(plot_, prompts_, this).exec(); });
   on(mnuWaterTable, "mnuWaterTable_Click", [this] {
-    if (FrmChangeWaterTableDepth(session_, prompts_, this, WaterTableOf::kDissipation).exec() == QDialog::Accepted &&
+    if (FrmChangeWaterTableDepth(session_, prompts_, this, WaterTableOf::kDissipation).exec() ==
+            QDialog::Accepted &&
         on_water_table_) {
       on_water_table_();
     }
@@ -149,7 +152,8 @@ void Form2::Connect() {
 }
 
 void Form2::ChooseTimeFormat(int16_t format) {
-  static constexpr const char* kSources[] = {"mnuLinearTime_Click", "mnuLogTime_Click", "mnuSquareRoot_Click"};
+  static constexpr const char* kSources[] = {"mnuLinearTime_Click", "mnuLogTime_Click",
+                                             "mnuSquareRoot_Click"};
   const char* source = kSources[format];
   Handle(source, [&] { SetTimeFormat(plot_, format); });
   picPlot->repaint();
@@ -176,8 +180,8 @@ void Form2::Repaint() {
 void Form2::PaintPlot() {
   try {
     WidgetSurface surface(picPlot);
-    GraphDissipation(surface, picPlot->width() * kPlotUnitsPerPixel, picPlot->height() * kPlotUnitsPerPixel, plot_,
-                     session_);
+    GraphDissipation(surface, picPlot->width() * kPlotUnitsPerPixel, picPlot->height() * kPlotUnitsPerPixel,
+                     plot_, session_);
     paint_failed_ = false;
   } catch (const RuntimeFailure& failure) {
     // A failure while painting is told once, after the paint, never from inside it.
@@ -191,8 +195,8 @@ void Form2::PaintPlot() {
 void Form2::PrintPage(PrintJob& job, bool include_lines) {
   DissipationPlotState page = plot_;
   if (!include_lines) page.overlay.reset();
-  GraphDissipation(job.NewPage(), job.PageWidthPoints() * kPlotUnitsPerPoint, job.PageHeightPoints() * kPlotUnitsPerPoint,
-                   page, session_);
+  GraphDissipation(job.NewPage(), job.PageWidthPoints() * kPlotUnitsPerPoint,
+                   job.PageHeightPoints() * kPlotUnitsPerPoint, page, session_);
 }
 
 void Form2::PrintPlot(bool include_lines) {
@@ -221,8 +225,8 @@ void Form2::OpenT50Utility() {
 
 void Form2::ReturnPlotControl() {
   if (t50_ != nullptr) {
-    if (prompts_.Ask("THIS WILL CLOSE ALL OPEN WINDOWS AND RETURN TO THE MAIN FORM. CONTINUE?", Buttons::kYesNo) !=
-        Answer::kYes) {
+    if (prompts_.Ask("THIS WILL CLOSE ALL OPEN WINDOWS AND RETURN TO THE MAIN FORM. CONTINUE?",
+                     Buttons::kYesNo) != Answer::kYes) {
       return;
     }
     t50_->close();

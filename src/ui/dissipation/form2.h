@@ -23,8 +23,8 @@ class Form2 : public QMainWindow {
  public:
   // on_water_table runs after the water table dialog changed the file's water table; on_return
   // when the user goes back to the main window.
-  Form2(Session& session, UserPrompts& prompts, DissipationPlotState plot, std::function<void()> on_water_table,
-        std::function<void()> on_return, QWidget* parent = nullptr);
+  Form2(Session& session, UserPrompts& prompts, DissipationPlotState plot,
+        std::function<void()> on_water_table, std::function<void()> on_return, QWidget* parent = nullptr);
   ~Form2() override;
 
   DissipationPlotState& Plot() { return plot_; }

@@ -48,7 +48,8 @@ FrmScaleDissipation::FrmScaleDissipation(DissipationPlotState& plot, UserPrompts
     bool applied = false;
     RunGuarded(prompts_, "cmdOK_Click", [&] {
       const DissipationScaleEntry entry{txtTimeMin->text().toStdString(), txtTimeMax->text().toStdString(),
-                                        txtPressureMin->text().toStdString(), txtPressureMax->text().toStdString()};
+                                        txtPressureMin->text().toStdString(),
+                                        txtPressureMax->text().toStdString()};
       ScaleBox bad = ScaleBox::kNone;
       applied = ApplyDissipationScale(plot_, entry, prompts_, bad);
       if (bad == ScaleBox::kTimeMin) txtTimeMin->setText(ToQString(shown.time_min));

@@ -110,9 +110,9 @@ void FrmT50Utility::BuildControls() {
 void FrmT50Utility::Connect() {
   UserPrompts& prompts = form_.Prompts();
   const std::pair<QPushButton*, int> held[] = {
-      {cmdLeft, kMoveLeft},   {cmdRight, kMoveRight}, {cmdCounterClockwise, kCounterClockwise},
-      {cmdClockwise, kClockwise}, {cmdUpU100, kUpU100}, {cmdDownU100, kDownU100},
-      {cmdUpU0, kUpU0},       {cmdDownU0, kDownU0},
+      {cmdLeft, kMoveLeft},       {cmdRight, kMoveRight}, {cmdCounterClockwise, kCounterClockwise},
+      {cmdClockwise, kClockwise}, {cmdUpU100, kUpU100},   {cmdDownU100, kDownU100},
+      {cmdUpU0, kUpU0},           {cmdDownU0, kDownU0},
   };
   for (const auto& [button, code] : held) {
     connect(button, &QPushButton::pressed, this, [this, code = code] {
