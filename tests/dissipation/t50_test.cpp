@@ -62,6 +62,11 @@ TEST_F(T50Test, StartsOnTheMiddleOfThePlotWithManualLinesAtFortyAndSixtyPercent)
   GraphDissipation(surface, 18000, 13500, plot, *t.session);
   EXPECT_TRUE(surface.HasText("T50: 105.0 Sec"));
   EXPECT_TRUE(surface.HasText("U100: 200.00"));
+  // A printed page gives every value with two decimals.
+  RecordingSurface page(1200, 900, true);
+  GraphDissipation(page, 18000, 13500, plot, *t.session);
+  EXPECT_TRUE(page.HasText("U50: 250.00"));
+  EXPECT_TRUE(page.HasText("T50: 105.00 Sec"));
 }
 
 TEST_F(T50Test, TheSlopeLineIsCutWhereItLeavesThePlot) {

@@ -323,15 +323,26 @@ void DissipationDrawing::Overlay() {
   auto x = [&](double fraction) { return plot_.PlotLeft + fraction * plot_.PlotWidth; };
   auto y = [&](double fraction) { return plot_.PlotTop + fraction * plot_.PlotHeight; };
   g_.Line(x(lines.slope_x1), y(lines.slope_y1), x(lines.slope_x2), y(lines.slope_y2), kRed);
-  const std::pair<double, const std::string*> levels[] = {
-      {lines.u0_y, &lines.u0_text}, {lines.u50_y, &lines.u50_text}, {lines.u100_y, &lines.u100_text}};
-  for (const auto& [level, text] : levels) {
-    g_.Line(left, y(level), right, y(level), level == lines.u50_y ? kT50Colour : kBlue);
-    Text(left + line_ * 0.3, y(level) - line_, *text);
+  const bool page = g_.IsPrinter();
+  auto text = [&](const char* name, float value, const std::string& shown) {
+    return page ? std::string(name) + FormatNumber(value, "###0.00") : shown;
+  };
+  struct Level {
+    double y;
+    std::string label;
+    Colour colour;
+  };
+  const Level levels[] = {{lines.u0_y, text("U0: ", lines.u0, lines.u0_text), kBlue},
+                          {lines.u50_y, text("U50: ", lines.u50, lines.u50_text), kT50Colour},
+                          {lines.u100_y, text("U100: ", lines.u100, lines.u100_text), kBlue}};
+  for (const Level& level : levels) {
+    g_.Line(left, y(level.y), right, y(level.y), level.colour);
+    Text(left + line_ * 0.3, y(level.y) - line_, level.label);
   }
-  if (lines.t50_x) {
+  if (lines.t50_x && lines.t50) {
+    const std::string label = page ? "T50: " + FormatNumber(*lines.t50, "###0.00") + " Sec" : lines.t50_text;
     g_.Line(x(*lines.t50_x), plot_.PlotTop, x(*lines.t50_x), plot_.PlotBottom, kT50Colour);
-    Text(x(*lines.t50_x) + line_ * 0.3, plot_.PlotTop + line_ * 0.3, lines.t50_text);
+    Text(x(*lines.t50_x) + line_ * 0.3, plot_.PlotTop + line_ * 0.3, label);
   }
 }
 

@@ -43,7 +43,10 @@ struct T50Lines {
   double slope_x1 = 0, slope_y1 = 0, slope_x2 = 0, slope_y2 = 0;
   double u0_y = 0, u50_y = 0, u100_y = 0;
   std::optional<double> t50_x;
+  // The screen's labels; a printed page writes the values in its own format.
   std::string u0_text, u50_text, u100_text, t50_text;
+  float u0 = 0, u50 = 0, u100 = 0;
+  std::optional<float> t50;
 };
 
 struct DissipationPlotState {

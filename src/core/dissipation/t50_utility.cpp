@@ -89,12 +89,14 @@ void DrawSlopeLine(T50State& t50, DissipationPlotState& plot, const DissipationS
   lines.u0_text = "U0: " + FormatNumber(t50.U0, "#####0.00");
   lines.u100_text = "U100: " + FormatNumber(t50.U100, "#####0.00");
   lines.u50_text = "U50: " + FormatNumber(t50.U50, "#####0.000");
+  lines.u0 = t50.U0, lines.u50 = t50.U50, lines.u100 = t50.U100;
 
   // Without a bracket the T50 found before stays, on screen and in the store.
   if (const auto found = FindT50(set, plot.selection.LastSelected, t50.U50)) {
     t50.T50 = found;
     lines.t50_text = "T50: " + FormatNumber(*found, "###0.0") + " Sec";
   }
+  lines.t50 = t50.T50;
   if (t50.T50) {
     lines.t50_x = TimeFraction(plot, *t50.T50);
   } else {

@@ -21,27 +21,25 @@ FrmScaleDissipation::FrmScaleDissipation(DissipationPlotState& plot, UserPrompts
   const QString value = ToQString(DissipationScaleLabel(plot_));
   const bool linear = plot_.TimeFormat == kLinearTime;
   auto* layout = new QGridLayout(this);
-  auto row = [&](int at, const QString& caption, QLabel** label, QLineEdit** box, const char* name,
-                 const std::string& text) {
-    QLabel* shown_label = new QLabel(caption, this);
-    if (label != nullptr) *label = shown_label;
-    layout->addWidget(shown_label, at, 0);
+  auto row = [&](int at, const QString& caption, QLineEdit** box, const char* name, const std::string& text) {
+    layout->addWidget(new QLabel(caption, this), at, 1);
     *box = Named(new QLineEdit(ToQString(text), this), name);
-    layout->addWidget(*box, at, 1);
+    layout->addWidget(*box, at, 2);
   };
-  row(0, "MIN TIME", nullptr, &txtTimeMin, "txtTimeMin", shown.time_min);
-  row(1, "MAX TIME", nullptr, &txtTimeMax, "txtTimeMax", shown.time_max);
-  row(2, "MIN " + value, &lblPressureMin, &txtPressureMin, "txtPressureMin", shown.pressure_min);
-  row(3, "MAX " + value, &lblPressureMax, &txtPressureMax, "txtPressureMax", shown.pressure_max);
-  lblPressureMin->setObjectName("lblPressureMin");
-  lblPressureMax->setObjectName("lblPressureMax");
+  layout->addWidget(new QLabel("TIME", this), 0, 0, 2, 1);
+  row(0, "MIN", &txtTimeMin, "txtTimeMin", shown.time_min);
+  row(1, "MAX", &txtTimeMax, "txtTimeMax", shown.time_max);
+  lblPressure = Named(new QLabel(value, this), "lblPressure");
+  layout->addWidget(lblPressure, 2, 0, 2, 1);
+  row(2, "MIN", &txtPressureMin, "txtPressureMin", shown.pressure_min);
+  row(3, "MAX", &txtPressureMax, "txtPressureMax", shown.pressure_max);
   // The log and square-root axes are scaled by their data; their boxes only say so.
   txtTimeMin->setEnabled(linear);
   txtTimeMax->setEnabled(linear);
   auto* buttons = new QHBoxLayout;
   cmdOK = NamedButton(buttons, this, "cmdOK", "OK");
   cmdReturn = NamedButton(buttons, this, "cmdReturn", "RETURN");
-  layout->addLayout(buttons, 4, 0, 1, 2);
+  layout->addLayout(buttons, 4, 0, 1, 3);
   cmdOK->setDefault(true);
 
   connect(cmdOK, &QPushButton::clicked, this, [this, shown] {

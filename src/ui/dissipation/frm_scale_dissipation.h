@@ -22,8 +22,8 @@ class FrmScaleDissipation : public QDialog {
   QLineEdit* txtTimeMax;
   QLineEdit* txtPressureMin;
   QLineEdit* txtPressureMax;
-  QLabel* lblPressureMin;
-  QLabel* lblPressureMax;
+  // "PRESSURE", "% MAX PRESSURE" or "% HEAD PRESSURE".
+  QLabel* lblPressure;
   QPushButton* cmdOK;
   QPushButton* cmdReturn;
 
