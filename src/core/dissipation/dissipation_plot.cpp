@@ -20,6 +20,7 @@ constexpr const char* kDefaultFormatFile = "DefaultPPFormat.txt";
 constexpr Colour kGridColour{176, 176, 176};
 constexpr Colour kMinorGridColour{224, 224, 224};
 constexpr Colour kT50Colour{0, 128, 0};
+constexpr Colour kSlopeColour{192, 0, 192};
 constexpr Colour kTestColours[] = {{0, 0, 255},   {255, 0, 0},   {0, 128, 0},  {128, 0, 128},
                                    {255, 128, 0}, {0, 128, 128}, {128, 64, 0}, {0, 0, 0}};
 // Half the width of the list's row marker, in surface units.
@@ -322,7 +323,7 @@ void DissipationDrawing::Overlay() {
   const double left = plot_.PlotLeft, right = plot_.PlotRight;
   auto x = [&](double fraction) { return plot_.PlotLeft + fraction * plot_.PlotWidth; };
   auto y = [&](double fraction) { return plot_.PlotTop + fraction * plot_.PlotHeight; };
-  g_.Line(x(lines.slope_x1), y(lines.slope_y1), x(lines.slope_x2), y(lines.slope_y2), kRed);
+  g_.Line(x(lines.slope_x1), y(lines.slope_y1), x(lines.slope_x2), y(lines.slope_y2), kSlopeColour);
   const bool page = g_.IsPrinter();
   auto text = [&](const char* name, float value, const std::string& shown) {
     return page ? std::string(name) + FormatNumber(value, "###0.00") : shown;
@@ -337,7 +338,9 @@ void DissipationDrawing::Overlay() {
                           {lines.u100_y, text("U100: ", lines.u100, lines.u100_text), kBlue}};
   for (const Level& level : levels) {
     g_.Line(left, y(level.y), right, y(level.y), level.colour);
-    Text(left + line_ * 0.3, y(level.y) - line_, level.label);
+    // Above its line, or below it when the line runs along the top of the plot.
+    const double above = y(level.y) - line_;
+    Text(left + line_ * 0.3, above < plot_.PlotTop ? y(level.y) + line_ * 0.1 : above, level.label);
   }
   if (lines.t50_x && lines.t50) {
     const std::string label = page ? "T50: " + FormatNumber(*lines.t50, "###0.00") + " Sec" : lines.t50_text;
