@@ -9,6 +9,12 @@
 #include "core/model/unit_tables.h"
 
 namespace marlview {
+namespace {
+
+// Gives back a text's memory, so a store holds only what its current file needs.
+void Release(std::string& text) { std::string().swap(text); }
+
+}  // namespace
 
 DissipationSet::DissipationSet()
     : RowTime(kMaxDissipations, kMaxDissipationRows),
@@ -29,7 +35,7 @@ void DissipationSet::Reset() {
     for (FixedTable<float>* table : {&RowChannelA, &RowChannelB, &RowPressure, &PercentMax, &PercentHead}) {
       std::memset(table->Row(i), 0, used * sizeof(float));
     }
-    RowText[static_cast<size_t>(i)].clear();
+    std::vector<std::string>().swap(RowText[static_cast<size_t>(i)]);
   }
   TestDepth.fill(0);
   RowCount.fill(0);
@@ -38,17 +44,17 @@ void DissipationSet::Reset() {
   DissipationCount = 0;
   PressurePerMetreHead = 0;
   PressureUnitIndex = 0;
-  PressureUnitName.clear();
-  SectionMarker.clear();
+  Release(PressureUnitName);
+  Release(SectionMarker);
   ChannelCount = 0;
-  for (auto& name : ChannelName) name.clear();
-  for (auto& sensor : ChannelSensor) sensor.clear();
-  for (auto& unit : ChannelUnit) unit.clear();
+  for (auto& name : ChannelName) Release(name);
+  for (auto& sensor : ChannelSensor) Release(sensor);
+  for (auto& unit : ChannelUnit) Release(unit);
   ChannelKind.fill(0);
   ChannelBaseline.fill(0);
   ChannelCal.fill({});
   PorePressureChannel = 0;
-  for (auto& line : PXHeaderLine) line.clear();
+  for (auto& line : PXHeaderLine) Release(line);
   PressureColumn = 0;
   for (std::string* text : {&TestId,
                             &Operator,
@@ -82,7 +88,7 @@ void DissipationSet::Reset() {
                             &Comment3,
                             &DissipationPath,
                             &DissipationFileName}) {
-    text->clear();
+    Release(*text);
   }
   high_test_ = 0;
   FileKind = kind;
