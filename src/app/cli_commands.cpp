@@ -17,6 +17,7 @@
 #include "core/common/text_rules.h"
 #include "core/derivation/derived_channels.h"
 #include "core/common/file_access.h"
+#include "core/presentation/ecp_list.h"
 #include "core/presentation/sounding_exports.h"
 #include "core/presentation/sounding_plot.h"
 #include "render/image_surface.h"
@@ -49,7 +50,7 @@ constexpr const char* kUsage =
     "                    [--spikes remove|keep] [--munsell import|skip] [--tip-area MM2] [--yes]\n"
     "                    info FILE\n"
     "                    channels FILE [--kind K | --mirror M | --unaligned | --raw]\n"
-    "                    export FILE --format txt|csv|cor|gin -o OUT [--channel NAME]... [--no-header]\n"
+    "                    export FILE --format txt|csv|cor|ecp|gin -o OUT [--channel NAME]... [--no-header]\n"
     "                           [--unit psi|tsf|kpa|mpa] [--elevation] [--unadjusted]\n"
     "                    plot FILE -o OUT.png|OUT.pdf [--channel NAME]... [--width W --height H] [--grid]\n"
     "                         [--elevation]\n"
@@ -261,6 +262,14 @@ int RunExport(Session& session, ShellController& controller, CliPrompts& prompts
       const GinUnit unit = options.unit == "tsf" ? GinUnit::kTsf : options.unit == "kpa" ? GinUnit::kKpa
                            : options.unit == "mpa" ? GinUnit::kMpa : GinUnit::kPsi;
       bytes = GinExport(session, unit);
+    } else if (options.format == "ecp") {
+      // The ECP window's fixed arrangement, or the named channels in the order given.
+      EcpView view;
+      view.unit = options.unit == "tsf" ? kEcpTsf : options.unit == "kpa" ? kEcpKpa
+                  : options.unit == "mpa" ? kEcpMpa : kEcpPsi;
+      ChooseEcpColumns(session, view);
+      if (!options.channel_names.empty()) view.channels = exported.channels;
+      bytes = EcpExport(session, view);
     } else {
       bytes = CsvExport(session, exported, options.format);
     }
@@ -346,9 +355,9 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
       throw UsageError(command + " takes no -o, --channel or --elevation");
     }
     if (command == "export") {
-      if (options.format == "ecp") throw UsageError("the ECP export is not available in this version of marlview-cli yet");
-      if (options.format != "txt" && options.format != "csv" && options.format != "cor" && options.format != "gin") {
-        throw UsageError("export takes --format txt, csv, cor or gin");
+      if (options.format != "txt" && options.format != "csv" && options.format != "cor" && options.format != "gin" &&
+          options.format != "ecp") {
+        throw UsageError("export takes --format txt, csv, cor, ecp or gin");
       }
       if (options.out.empty()) throw UsageError("export writes -o OUT");
       if (!options.unit.empty() && options.unit != "psi" && options.unit != "tsf" && options.unit != "kpa" &&

@@ -115,7 +115,16 @@ TEST_F(CliTest, ExportWritesTheListsFiles) {
   const std::string gin = files_.File("small.gIN");
   EXPECT_EQ(Run({"export", file, "--format", "gin", "--unit", "tsf", "-o", gin}).status, 0);
   EXPECT_EQ(ReadWholeFile(gin).substr(0, 9), "**PROJECT");
-  EXPECT_EQ(Run({"export", file, "--format", "ecp", "-o", gin}).status, 2) << "not in this version";
+  const std::string ecp = files_.File("small.ecp");
+  EXPECT_EQ(Run({"export", file, "--format", "ecp", "--unit", "kpa", "-o", ecp}).status, 0);
+  const std::string fixed = ReadWholeFile(ecp);
+  EXPECT_TRUE(fixed.starts_with("CPT DATA\r\n"));
+  EXPECT_NE(fixed.find("Tip (Qt)"), std::string::npos) << "the fixed arrangement";
+  EXPECT_NE(fixed.find("(kPa)"), std::string::npos);
+  EXPECT_EQ(Run({"export", file, "--format", "ecp", "-o", ecp, "--channel", "Sleeve Friction"}).status, 0);
+  const std::string chosen = ReadWholeFile(ecp);
+  EXPECT_EQ(chosen.find("Tip (Qt)"), std::string::npos) << "only the named channel";
+  EXPECT_NE(chosen.find("(psi)"), std::string::npos);
   EXPECT_EQ(Run({"export", file, "--format", "txt"}).status, 2) << "no -o";
   EXPECT_EQ(Run({"export", file, "--format", "gin", "--unit", "bar", "-o", gin}).status, 2);
 }

@@ -56,6 +56,26 @@ TEST_F(ArtefactTest, TheReaderAsksOnceAndRemovesWhenToldTo) {
   EXPECT_FLOAT_EQ(t.session->SpareStore().RawReadings(3, 1), 20000);
 }
 
+TEST_F(ArtefactTest, RemovalWorksTopDownSoARepairedRowFeedsTheNext) {
+  t.session->RemoveSpikesAnswer = 1;
+  ASSERT_EQ(Read(WithTips({100, 100, 20000, 20000, 100, 100, 100})), ReadOutcome::kLoaded);
+  const SoundingStore& s = t.session->SpareStore();
+  // Counted on the file, only row 3 is a spike; once it is repaired row 4 stands alone and goes too.
+  for (int r = 1; r <= 7; ++r) EXPECT_FLOAT_EQ(s.RawReadings(r, s.TipChannel), 100) << r;
+  EXPECT_EQ(CountSpikes(s), 0);
+}
+
+TEST_F(ArtefactTest, DrilloutIsReportedInTheSessionsDepthUnit) {
+  SoundingStore& s = t.session->Sounding();
+  EXPECT_EQ(DrilloutMessage(*t.session), std::nullopt);
+  s.DrilloutFlag = 1;
+  s.DrilloutDepth = 12.5f;
+  t.session->DepthUnitIsMetric = 1;
+  EXPECT_EQ(DrilloutMessage(*t.session), "DRILLOUT detected in file at 12.50 m");
+  t.session->DepthUnitIsMetric = 0;
+  EXPECT_EQ(DrilloutMessage(*t.session), "DRILLOUT detected in file at 41.01 ft");
+}
+
 TEST_F(ArtefactTest, InclinationSpikesCountEitherWayFromTheThirdRow) {
   test::DatFile file = test::SimpleDat(0);
   file.channels.push_back({.sensor = "Incl X", .cal = {1000, 1, 1, 0, 0}, .default_units = "deg", .display_units = "deg"});

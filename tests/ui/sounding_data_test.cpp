@@ -3,6 +3,8 @@
 #include "ui/presentation/sounding_data_window.h"
 
 #include <QAction>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -14,6 +16,7 @@
 
 #include "core/common/file_access.h"
 #include "support/test_support.h"
+#include "ui/presentation/list_dialogs.h"
 #include "ui/shell/form1.h"
 
 using marlview::FrmSoundingData;
@@ -42,6 +45,15 @@ class SoundingDataTest : public QObject {
     FrmSoundingData* window = form_->ListWindow();
     if (window == nullptr || !QTest::qWaitForWindowExposed(window)) qFatal("no list window");
     return window;
+  }
+  // Answers the next modal dialog of the given kind as soon as it shows.
+  template <typename Dialog, typename Act>
+  void Answer(Act act) {
+    QTimer::singleShot(0, this, [act] {
+      auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+      if (dialog == nullptr) qFatal("the dialog did not show");
+      act(dialog);
+    });
   }
   QString Cell(FrmSoundingData* window, int row, int column) { return window->grdData->item(row, column)->text(); }
   QStringList Log() const {
@@ -92,10 +104,24 @@ class SoundingDataTest : public QObject {
     QVERIFY(window->mnuAdjustedForOffsetElev->isChecked() && !window->mnuAdjustedForOffsetDepth->isChecked());
     window->mnuRawData->trigger();
     QVERIFY(window->mnuRawData->isChecked() && !window->mnuAdjustedForOffsetElev->isChecked());
-    t_->prompts.Script({"100"});
+    Answer<marlview::FrmNormalizeDepthIntervalDisplayOnly>([](auto* dialog) {
+      dialog->txtInterval->setText("a hundred");
+      QTest::mouseClick(dialog->cmdOK, Qt::LeftButton);  // refused, the dialog stays
+      dialog->txtInterval->setText("100");
+      QTest::mouseClick(dialog->cmdOK, Qt::LeftButton);
+    });
     window->mnuDepthInterval->trigger();
     QVERIFY2(qAbs(window->grdData->rowCount() - 250) <= 2, qPrintable(QString::number(window->grdData->rowCount())));
-    QCOMPARE(Log(), QStringList{"input DEPTH INTERVAL: ENTER DEPTH INTERVAL (mm); 0 FOR ALL ROWS -> 100"});
+    QCOMPARE(Log(), QStringList{"! Please enter a valid interval"});
+    QVERIFY(t_->session->Sounding().ReadingCount == 1250);
+
+    Answer<marlview::FrmColumnWidths>([](auto* dialog) {
+      dialog->cmbColumnWidth->setCurrentText("12");
+      QTest::mouseClick(dialog->cmdOK, Qt::LeftButton);
+    });
+    window->mnuColumnWidths->trigger();
+    QCOMPARE(window->grdData->columnWidth(1), 12 * 7);
+    QCOMPARE(marlview::ReadWholeFile(t_->session->SettingsPath("Column Widths")).substr(0, 2), std::string("12"));
     window->mnuEditData->trigger();
     QVERIFY(Log().last().endsWith("is not available in this version of Marlview yet."));
   }
@@ -119,6 +145,18 @@ class SoundingDataTest : public QObject {
     t_->prompts.ClearLog();
     window->mnuSavetxtIncludeHeader->trigger();
     QVERIFY(t_->prompts.ScriptUsedUp() && t_->prompts.Texts().empty());
+  }
+
+  void previewButtonsShowTheExportText() {
+    FrmSoundingData* window = OpenList();
+    for (QPushButton* button : {window->cmdShowTXTData, window->cmdShowCSVData, window->cmdShowCorData}) {
+      QTest::mouseClick(button, Qt::LeftButton);
+    }
+    const auto previews = window->findChildren<marlview::FrmExportPreview*>();
+    QCOMPARE(previews.size(), 3);
+    for (auto* preview : previews) QVERIFY(preview->txtPreview->toPlainText().startsWith("CPT DATA\n"));
+    QVERIFY(previews[1]->txtPreview->toPlainText().contains(','));
+    QCOMPARE(previews[0]->windowTitle(), QString("TXT DATA: CPT-A01.DAT"));
   }
 
   void flagFollowsTheWindowAndTheDoneButtonClosesIt() {

@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "core/common/number_format.h"
 #include "core/derivation/derived_channels.h"
 #include "core/model/conversion.h"
 #include "core/shell/session.h"
@@ -136,6 +137,14 @@ bool UndoRemoveReadings(Session& session, RemovalUndo& undo) {
   }
   ComputeDerivedChannels(session, s.ChannelCount);
   return true;
+}
+
+std::optional<std::string> DrilloutMessage(const Session& session) {
+  const SoundingStore& s = session.Sounding();
+  if (s.DrilloutFlag != 1) return std::nullopt;
+  // The depth is kept in metres; shown to the centimetre or the hundredth of a foot.
+  if (session.DepthUnitIsMetric == 1) return "DRILLOUT detected in file at " + FormatNumber(s.DrilloutDepth, "##0.00") + " m";
+  return "DRILLOUT detected in file at " + FormatNumber(s.DrilloutDepth * session.FeetPerMetre, "##0.00") + " ft";
 }
 
 }  // namespace marlview

@@ -2,6 +2,8 @@
 // the rod break tool's removal of readings with its undo.
 #pragma once
 
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "core/model/sounding_store.h"
@@ -35,5 +37,9 @@ using RemovalUndo = std::vector<RemovedRows>;
 void RemoveReadings(Session& session, int first, int last, RemovalUndo& undo);
 // Puts back the rows of the last removal.
 bool UndoRemoveReadings(Session& session, RemovalUndo& undo);
+
+// "DRILLOUT detected in file at ..." in the session's depth unit, when the sounding ended in a
+// drilled-out stretch; nothing otherwise.
+std::optional<std::string> DrilloutMessage(const Session& session);
 
 }  // namespace marlview

@@ -7,6 +7,7 @@
 #include "core/common/number_format.h"
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
+#include "core/derivation/artefacts.h"
 #include "core/derivation/derived_channels.h"
 #include "core/io/dat_reader.h"
 #include "core/model/conversion.h"
@@ -129,6 +130,7 @@ bool ShellController::OpenSoundingFile() {
     BackToModeChoice();
     return false;
   }
+  if (const auto drillout = DrilloutMessage(session_)) prompts_.Tell(*drillout);
   PopulateChannelList();
   view_.available_list_visible = true;
   session_.SoundingDirectory = std::string(FolderPart(path));

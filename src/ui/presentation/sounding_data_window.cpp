@@ -4,10 +4,12 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -17,6 +19,7 @@
 #include "core/shell/session.h"
 #include "ui/common/named.h"
 #include "ui/presentation/data_table.h"
+#include "ui/presentation/list_dialogs.h"
 #include "ui/common/event_guard.h"
 #include "ui/common/qt_prompts.h"
 #include "ui/editing/parameter_dialogs_ui.h"
@@ -60,6 +63,12 @@ void FrmSoundingData::BuildControls() {
   auto* layout = new QVBoxLayout(central);
   lblHeader = NewHeaderBox(central);
   layout->addWidget(lblHeader);
+  auto* previews = new QHBoxLayout;
+  cmdShowTXTData = NamedButton(previews, central, "cmdShowTXTData", "SHOW .TXT DATA");
+  cmdShowCSVData = NamedButton(previews, central, "cmdShowCSVData", "SHOW .CSV DATA");
+  cmdShowCorData = NamedButton(previews, central, "cmdShowCorData", "SHOW .COR DATA");
+  previews->addStretch(1);
+  layout->addLayout(previews);
   grdData = NewDataGrid(central);
   VScroll1 = Named(grdData->verticalScrollBar(), "VScroll1");
   HScroll1 = Named(grdData->horizontalScrollBar(), "HScroll1");
@@ -144,13 +153,10 @@ void FrmSoundingData::Connect() {
   }, true);
   Handle(mnuRawData, "mnuRawData_Click", [this] { view_.raw = true; }, true);
   Handle(mnuDepthInterval, "mnuDepthInterval_Click", [this] {
-    const std::string entry =
-        prompts_.Input("DEPTH INTERVAL", "ENTER DEPTH INTERVAL (mm); 0 FOR ALL ROWS", ListIntervalEntry(view_));
-    if (ChangeListInterval(view_, prompts_, entry)) Refill();
+    if (FrmNormalizeDepthIntervalDisplayOnly(view_, prompts_, this).exec() == QDialog::Accepted) Refill();
   }, false);
   Handle(mnuColumnWidths, "mnuColumnWidths_Click", [this] {
-    const std::string entry = prompts_.Input("COLUMN WIDTH", "ENTER COLUMN WIDTH", std::to_string(session_.ColumnWidth));
-    if (ChangeColumnWidth(session_, prompts_, entry)) Refill();
+    if (FrmColumnWidths(session_, prompts_, this).exec() == QDialog::Accepted) Refill();
   }, false);
   Handle(mnuWaterTable, "mnuWaterTable_Click", [this] { FrmChangeWaterTableDepth(session_, prompts_, this).exec(); },
          true);
@@ -165,6 +171,16 @@ void FrmSoundingData::Connect() {
     }, false);
   };
   auto txt = [this](bool header) { return TxtExport(session_, ListExportOptions(view_, header)); };
+  auto preview = [this](QPushButton* button, const char* source, const char* title,
+                        std::function<std::string()> render) {
+    connect(button, &QPushButton::clicked, this, [this, source, title, render = std::move(render)] {
+      RunGuarded(prompts_, source, [&] {
+        auto* shown = new FrmExportPreview(title + session_.Sounding().SoundingFileName, render(), this);
+        shown->setAttribute(Qt::WA_DeleteOnClose);
+        shown->show();
+      });
+    });
+  };
   auto csv = [this](bool header, const char* extension) {
     return CsvExport(session_, ListExportOptions(view_, header), extension);
   };
@@ -174,6 +190,9 @@ void FrmSoundingData::Connect() {
   save(mnuExportCSVFileDiscardHeader, "mnuExportCSVFileDiscardHeader_Click", "csv", [csv] { return csv(false, "csv"); });
   save(mnuExportCorFileIncludeHeader, "mnuExportCorFileIncludeHeader_Click", "cor", [csv] { return csv(true, "cor"); });
   save(mnuExportCorFileDiscardHeader, "mnuExportCorFileDiscardHeader_Click", "cor", [csv] { return csv(false, "cor"); });
+  preview(cmdShowTXTData, "cmdShowTXTData_Click", "TXT DATA: ", [txt] { return txt(true); });
+  preview(cmdShowCSVData, "cmdShowCSVData_Click", "CSV DATA: ", [csv] { return csv(true, "csv"); });
+  preview(cmdShowCorData, "cmdShowCorData_Click", "COR DATA: ", [csv] { return csv(true, "cor"); });
   const std::pair<QAction*, GinUnit> gins[] = {{mnuExportGinPSI, GinUnit::kPsi},
                                                {mnuExportGinTSF, GinUnit::kTsf},
                                                {mnuExportGinKPA, GinUnit::kKpa},

@@ -12,6 +12,7 @@
 class QAction;
 class QMenu;
 class QPlainTextEdit;
+class QPushButton;
 class QScrollBar;
 class QTableWidget;
 
@@ -32,6 +33,9 @@ class FrmSoundingData : public QMainWindow {
 
   QPlainTextEdit* lblHeader;
   QTableWidget* grdData;
+  QPushButton* cmdShowTXTData;
+  QPushButton* cmdShowCSVData;
+  QPushButton* cmdShowCorData;
   QScrollBar* VScroll1;
   QScrollBar* HScroll1;
   QAction* mnuPrint;
