@@ -56,6 +56,7 @@ void Form2::BuildMenus() {
   QMenu* file = menuBar()->addMenu("&File");
   file->setObjectName("mnuFile");
   mnuPrint = NamedAction(file, "mnuPrint", "&Print...");
+  mnuPrintPreview = NamedAction(file, "mnuPrintPreview", "Print Pre&view...");
   mnuPrintToPdf = NamedAction(file, "mnuPrintToPdf", "Print to P&DF...");
   mnuPrintSettings = NamedAction(file, "mnuPrintSettings", "Print &Settings...");
   file->addSeparator();
@@ -133,6 +134,11 @@ void Form2::Connect() {
     }
   });
   on(mnuPrint, "PrintPlot_Click", [this] { PrintPlot(false); });
+  on(mnuPrintPreview, "mnuPrintPreview_Click", [this] {
+    PrintPreview(this, [this](PrintJob& job) {
+      RunGuarded(prompts_, "PrintPlot_Click", [&] { PrintPage(job, plot_.overlay.has_value()); });
+    });
+  });
   on(mnuPrintToPdf, "PrintPlot_Click", [this] {
     FileDialogRequest request;
     request.title = "Print to PDF";

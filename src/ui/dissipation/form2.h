@@ -41,6 +41,7 @@ class Form2 : public QMainWindow {
 
   PlotPicture* picPlot;
   QAction* mnuPrint;
+  QAction* mnuPrintPreview;
   QAction* mnuPrintToPdf;
   QAction* mnuPrintSettings;
   QAction* mnuReturn;
