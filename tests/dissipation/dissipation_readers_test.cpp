@@ -116,6 +116,7 @@ TEST_F(DissipationOpenTest, PxDasFileConvertsItsRawColumn) {
   EXPECT_EQ(s.GpsSatellites, "0");
   EXPECT_FLOAT_EQ(s.WaterTableDepth, 2.1f);
   EXPECT_EQ(s.PressureColumn, 41);
+  EXPECT_EQ(s.PressureChannelName, "PRESSURE U2");
   EXPECT_EQ(s.PressureUnitName, "kPa");
   EXPECT_EQ(s.PXHeaderLine[1], "PX DAS DISSIPATION RECORD");
   EXPECT_NEAR(s.PressurePerMetreHead, 1 / 0.102, 1e-4);

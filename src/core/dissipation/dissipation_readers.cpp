@@ -346,7 +346,8 @@ void ReadPXDissipation(std::string_view bytes, DissipationSet& set) {
     const size_t marker = titles.find("PRESSURE U");
     set.PressureColumn =
         static_cast<int16_t>(marker == std::string::npos ? -8 : static_cast<int>(marker) + 1 - 8);
-    // A 1-based column; the cut at a column before the first is the invalid argument it always was.
+    if (marker != std::string::npos) set.PressureChannelName = std::string(Columns(titles, marker, 11));
+    // A 1-based column; a file without the pressure title has none, and its cut is an invalid argument.
     auto field_at = [&](std::string_view line, size_t width) {
       if (set.PressureColumn < 1) Fail(kErrInvalidCall);
       return Columns(line, static_cast<size_t>(set.PressureColumn - 1), width);

@@ -56,6 +56,7 @@ void DissipationSet::Reset() {
   PorePressureChannel = 0;
   for (auto& line : PXHeaderLine) Release(line);
   PressureColumn = 0;
+  Release(PressureChannelName);
   for (std::string* text : {&TestId,
                             &Operator,
                             &Crew,

@@ -70,6 +70,8 @@ struct DissipationSet {
   int16_t PorePressureChannel = 0;
   std::array<std::string, kPxHeaderLines + 1> PXHeaderLine;
   int16_t PressureColumn = 0;
+  // PX DAS: the pressure column's title, eleven characters from "PRESSURE U".
+  std::string PressureChannelName;
 
   // QRD FIELDBOX and FLDACQ header.
   std::string TestId, Operator, Crew, Project, Site, Location, Comments, TestDate, StartTime;
