@@ -51,4 +51,20 @@ void Session::CommitSounding() {
   slots_->RecordCatalogue(CurrentSlot, *sounding_);
 }
 
+SeismicStore& Session::Seismic() {
+  if (!seismic_) seismic_ = std::make_unique<SeismicStore>();
+  return *seismic_;
+}
+
+SeismicStore& Session::SpareSeismic() {
+  if (!spare_seismic_) spare_seismic_ = std::make_unique<SeismicStore>();
+  return *spare_seismic_;
+}
+
+void Session::CommitSeismic() {
+  Seismic();
+  SpareSeismic();
+  std::swap(seismic_, spare_seismic_);
+}
+
 }  // namespace marlview

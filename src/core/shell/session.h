@@ -12,6 +12,7 @@
 #include "core/model/sounding_slots.h"
 #include "core/model/sounding_store.h"
 #include "core/model/unit_tables.h"
+#include "core/seismic/seismic_store.h"
 #include "core/settings/settings_files.h"
 
 namespace marlview {
@@ -60,6 +61,12 @@ class Session {
 
   SoundingSlots& Slots() { return *slots_; }
 
+  // The seismic test set, allocated at its first use; a new file is read into the spare store and
+  // becomes current only by CommitSeismic.
+  SeismicStore& Seismic();
+  SeismicStore& SpareSeismic();
+  void CommitSeismic();
+
   UnitTables units;
   ChannelChoices choices;
   GeneralSettings general;
@@ -105,6 +112,8 @@ class Session {
   std::unique_ptr<SoundingStore> sounding_;
   std::unique_ptr<SoundingStore> spare_;
   std::unique_ptr<SoundingSlots> slots_;
+  std::unique_ptr<SeismicStore> seismic_;
+  std::unique_ptr<SeismicStore> spare_seismic_;
 };
 
 }  // namespace marlview
