@@ -72,7 +72,7 @@ QRD_HEADER = [
 ]
 
 
-def sei(path, depths, dt_ms=0.05, n=1600):
+def sei(path, depths, dt_ms=0.1, n=1300):
     rng = random.Random(11)
     lines = list(QRD_HEADER)
     while len(lines) < 55:

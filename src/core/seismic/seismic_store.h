@@ -136,6 +136,7 @@ class SeismicStore {
   // Samples 0..kMaxStrikeSamples of a slot, for passes along a whole strike. The caller notes how
   // far it writes with MarkUsed.
   float* TimeRow(int slot) { return time_.Row(slot); }
+  const float* TimeRow(int slot) const { return const_cast<FixedTable<float>&>(time_).Row(slot); }
   float* AmplitudeRow(int slot) { return amplitude_.Row(slot); }
   const float* AmplitudeRow(int slot) const { return const_cast<FixedTable<float>&>(amplitude_).Row(slot); }
   void MarkUsed(int slot, int last_sample);
