@@ -11,6 +11,7 @@
 #include <nlohmann/json.hpp>
 
 #include "app/cli_prompts.h"
+#include "app/cli_seismic.h"
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
@@ -51,7 +52,8 @@ constexpr const char* kUsage =
     "                    export FILE --format txt|csv|cor|gin -o OUT [--channel NAME]... [--no-header]\n"
     "                           [--unit psi|tsf|kpa|mpa] [--elevation] [--unadjusted]\n"
     "                    plot FILE -o OUT.png|OUT.pdf [--channel NAME]... [--width W --height H] [--grid]\n"
-    "                         [--elevation]\n";
+    "                         [--elevation]\n"
+    "                    seismic FILE [OPERATION]... [--waves | --velocities]\n";
 
 struct Options {
   std::string data_dir;
@@ -301,13 +303,14 @@ int RunPlot(Session& session, ShellController& controller, CliPrompts& prompts, 
 
 int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
            const std::string& program_directory) {
+  if (IsSeismicCommand(args)) return RunSeismic(args, out, err, program_directory);
   Options options;
   try {
     options = Parse(args);
     if (options.positional.empty()) throw UsageError("a subcommand is needed");
     const std::string& command = options.positional[0];
     if (command != "info" && command != "channels" && command != "plot" && command != "export") {
-      static const char* kLater[] = {"edit", "dissipation", "seismic"};
+      static const char* kLater[] = {"edit", "dissipation"};
       for (const char* later : kLater) {
         if (command == later) throw UsageError("'" + command + "' is not available in this version of marlview-cli yet");
       }
