@@ -16,6 +16,11 @@
 
 namespace marlview {
 
+// The log window's help command, shown with the title "Marlview Help".
+inline constexpr const char* kSeismicHelpText =
+    "Click on a graph with the left mouse button to enlarge it.  Click on a graph with the right mouse button to "
+    "change reference layer.";
+
 // frmDelayWarning and frmArrivalError, answered by a window, the command line or a test.
 class SeismicDialogs {
  public:

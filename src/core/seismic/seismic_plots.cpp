@@ -262,6 +262,15 @@ double PrintHeading(DrawingSurface& g, const Session& session, const SeismicCont
   return y + 2 * line;
 }
 
+// The cover sheet, when chosen: the heading alone on a page of its own.
+void PrintCoverSheet(PrintJob& job, const Session& session, const SeismicController& c) {
+  if (!c.View().CoverSheet) return;
+  const double w = job.PageWidthPoints(), h = job.PageHeightPoints();
+  DrawingSurface& g = job.NewPage();
+  g.SetScale(0, 0, w, h);
+  PrintHeading(g, session, c, 72, h / 3, w - 144);
+}
+
 }  // namespace
 
 void PrintSeismicLog(PrintJob& job, const Session& session, const SeismicController& c) {
@@ -270,6 +279,7 @@ void PrintSeismicLog(PrintJob& job, const Session& session, const SeismicControl
   const double w = job.PageWidthPoints(), h = job.PageHeightPoints();
   const double margin = 36;
   const int rows = c.RowCount();
+  PrintCoverSheet(job, session, c);
   int row = 1;
   do {
     DrawingSurface& g = job.NewPage();
@@ -343,11 +353,11 @@ void PrintSeismicLog(PrintJob& job, const Session& session, const SeismicControl
       g.Print("* = Not Determined");
     }
   } while (row <= rows);
-  job.EndDoc();
 }
 
 void PrintWorkbench(PrintJob& job, const Session& session, const SeismicController& c) {
   const double w = job.PageWidthPoints(), h = job.PageHeightPoints();
+  PrintCoverSheet(job, session, c);
   DrawingSurface& g = job.NewPage();
   g.SetScale(0, 0, w, h);
   const double y = PrintHeading(g, session, c, 36, 36, w - 72);
@@ -383,7 +393,6 @@ void PrintWorkbench(PrintJob& job, const Session& session, const SeismicControll
     bool IsPrinter() const override { return inner.IsPrinter(); }
   } view(g, 36, line + 12);
   GraphStrike(view, w - 72, std::min(h - line - 60, (w - 72) * 0.6), c);
-  job.EndDoc();
 }
 
 }  // namespace marlview

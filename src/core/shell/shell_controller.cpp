@@ -9,6 +9,7 @@
 #include "core/common/text_rules.h"
 #include "core/derivation/derived_channels.h"
 #include "core/io/dat_reader.h"
+#include "core/seismic/seismic_open.h"
 #include "core/model/conversion.h"
 #include "core/shell/add_data.h"
 #include "core/settings/settings_files.h"
@@ -54,8 +55,8 @@ void ShellController::ChooseMode(ProcessingMode mode) {
         NotAvailable("Dissipation processing");
         break;
       case ProcessingMode::kSeismic:
-        NotAvailable("Seismic processing");
-        break;
+        ProcessSeismic();
+        return;
       case ProcessingMode::kVideo:
         NotAvailable("Video cone processing");
         break;
@@ -68,6 +69,14 @@ void ShellController::ChooseMode(ProcessingMode mode) {
     view_.checked_mode = ProcessingMode::kNone;
   });
 }
+
+// The option is unchecked at once; the log window opens only on a file that was read.
+void ShellController::ProcessSeismic() {
+  view_.checked_mode = ProcessingMode::kNone;
+  view_.seismic_open = OpenSeismicFile(session_, prompts_) == SeismicOpenOutcome::kLoaded;
+}
+
+void ShellController::SeismicDone() { view_.seismic_open = false; }
 
 void ShellController::ProcessSounding() {
   view_.test_type_visible = false;

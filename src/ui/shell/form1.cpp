@@ -21,6 +21,7 @@
 #include "ui/presentation/ecp_window.h"
 #include "ui/presentation/form4.h"
 #include "ui/presentation/sounding_data_window.h"
+#include "ui/seismic/seisform.h"
 
 namespace marlview {
 namespace {
@@ -264,6 +265,18 @@ void Form1::CloseViewWindow(ViewWindow window) {
   if (window == ViewWindow::kEcp) CloseEcpWindow();
 }
 
+void Form1::OpenSeismicWindow() {
+  seismic_window_ = std::make_unique<Seisform>(session_, prompts_, [this] { ReturnFromSeismic(); }, this);
+  seismic_window_->show();
+  seismic_window_->LoadForm();
+}
+
+void Form1::ReturnFromSeismic() {
+  controller_.SeismicDone();
+  if (seismic_window_ != nullptr) seismic_window_.release()->deleteLater();
+  Refresh();
+}
+
 void Form1::ReturnFromPlot() {
   ClosePlotWindow();
   Handle("mnuReturn_Click",
@@ -297,6 +310,8 @@ void Form1::Refresh() {
   for (const auto& [button, which] : options) button->setChecked(view.checked_mode == which);
   modes_->setExclusive(true);
   mnuAddData->setEnabled(session_.SoundingOpen);
+  frmSelectTestType->setEnabled(!view.seismic_open);
+  if (view.seismic_open && seismic_window_ == nullptr) OpenSeismicWindow();
   mnuSingleTest->setChecked(session_.SoundingSelectionMode == 0);
   mnuMultipleTests->setChecked(session_.SoundingSelectionMode == 1);
 }
