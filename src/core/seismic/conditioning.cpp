@@ -38,10 +38,35 @@ std::vector<float>& Scratch() {
   return scratch;
 }
 
+// The filter spends its time in the division by 3 of every sample of every round; processors that
+// divide eight floats at once get a copy of the pass built for them, chosen when the program loads.
+// The quotients are the same on either path.
+#if defined(__GNUC__) && !defined(__clang__) && defined(__x86_64__)
+#define MARLVIEW_WIDE_DIVISION __attribute__((target_clones("avx2", "default")))
+#else
+#define MARLVIEW_WIDE_DIVISION
+#endif
+
+// The three-point mean of one pass from src into dst.
+MARLVIEW_WIDE_DIVISION void SmoothInto(const float* __restrict src, float* __restrict dst, int n) {
+  dst[1] = (src[1] + src[2]) * 0.5f;
+  for (int s = 2; s <= n - 1; ++s) dst[s] = (src[s - 1] + src[s] + src[s + 1]) / 3;
+  dst[n] = (src[n - 1] + src[n]) * 0.5f;
+}
+
+// Passes alternate between the strike and the scratch row, so no pass copies; the last result is
+// put back into the strike.
 void Smooth(float* a, int n, int passes) {
+  if (n < 2 || passes <= 0) return;
   std::vector<float>& scratch = Scratch();
   if (scratch.size() < static_cast<size_t>(n) + 1) scratch.resize(static_cast<size_t>(n) + 1);
-  for (int p = 0; p < passes; ++p) SmoothOnce(a, n, scratch.data());
+  float* src = a;
+  float* dst = scratch.data();
+  for (int p = 0; p < passes; ++p) {
+    SmoothInto(src, dst, n);
+    std::swap(src, dst);
+  }
+  if (src != a) std::memcpy(a + 1, src + 1, static_cast<size_t>(n) * sizeof(float));
 }
 
 // Normalises samples 10..n-10 so the largest swing stands at 0.75; gain carries over a flat strike.
@@ -80,9 +105,7 @@ void Trim(SeismicStore& s, int test, double time_ms, bool half_rate_b) {
 
 void SmoothOnce(float* a, int n, float* out) {
   if (n < 2) return;
-  out[1] = (a[1] + a[2]) / 2;
-  for (int s = 2; s <= n - 1; ++s) out[s] = (a[s - 1] + a[s] + a[s + 1]) / 3;
-  out[n] = (a[n - 1] + a[n]) / 2;
+  SmoothInto(a, out, n);
   std::memcpy(a + 1, out + 1, static_cast<size_t>(n) * sizeof(float));
 }
 
