@@ -98,6 +98,9 @@ TEST(SeiReader, BadFilesEndInTheirRunTimeFailure) {
   EXPECT_EQ(s.TestCount, 180);
   SeiRecord long_one = SeiTest("001.00 m", "A", 30001);
   EXPECT_FAILURE(ReadSeiFile(SeiFile({long_one}), "x.SEI", "x.SEI", s), kErrSubscript, "ReadSeiFile");
+  SeiRecord huge = SeiTest("001.00 m", "A", 3);
+  huge.arrival = "35326000000000000000000000000000000000A";
+  EXPECT_FAILURE(ReadSeiFile(SeiFile({huge}), "x.SEI", "x.SEI", s), kErrOverflow, "ReadSeiFile");
   // A sample text shorter than the counts reads its missing fields as raw 0.
   SeiRecord short_text = SeiTest("001.00 m", "A", 4);
   short_text.text_override = "A3276832768";

@@ -18,8 +18,8 @@ bool PickableKind(int kind) { return kind == kStrikeA || kind == kStrikeB || kin
 float TimeAt(const SeismicStore& s, int test, float sample) {
   const int kind = s.ArrivalKind[test];
   if (!PickableKind(kind)) return s.DelayTime[test];
+  if (!(sample >= 0 && sample <= static_cast<float>(kMaxStrikeSamples))) Fail(kErrSubscript);
   const int index = static_cast<int>(sample);
-  if (index < 0 || index > kMaxStrikeSamples) Fail(kErrSubscript);
   return s.StrikeTime(StrikeSlot(kind, test), index);
 }
 

@@ -51,10 +51,10 @@ void ReadDataLines(ItemReader& lines, int i, SeismicStore& s) {
     const std::string_view next = lines.Line();
     if (have) {
       ++count;
-      const float time = static_cast<float>(LenientNumber(Columns(line, 0, 12)) * 1000);
-      const float p = static_cast<float>(LenientNumber(Columns(line, 12, 15)));
-      const float a = static_cast<float>(LenientNumber(Columns(line, 27, 15)));
-      const float b = static_cast<float>(LenientNumber(Columns(line, 42, 15)));
+      const float time = ToSingle(LenientNumber(Columns(line, 0, 12)) * 1000);
+      const float p = ToSingle(LenientNumber(Columns(line, 12, 15)));
+      const float a = ToSingle(LenientNumber(Columns(line, 27, 15)));
+      const float b = ToSingle(LenientNumber(Columns(line, 42, 15)));
       for (int slot : {slot_a, slot_b, slot_p}) s.StrikeTime(slot, count) = time;
       s.StrikeAmplitude(slot_p, count) = p;
       s.StrikeAmplitude(slot_a, count) = a;
@@ -97,7 +97,7 @@ float FldacqDepth(std::string_view line, float feet_per_metre) {
   const size_t arrow = line.find("=>");
   const size_t position = arrow == std::string_view::npos ? 0 : arrow + 1;
   const size_t keep = line.size() >= position + 1 ? line.size() - position - 1 : 0;
-  return static_cast<float>(LenientNumber(line.substr(0, keep)) / feet_per_metre);
+  return ToSingle(LenientNumber(line.substr(0, keep)) / feet_per_metre);
 }
 
 bool ReadFldacqFiles(const std::vector<FldacqFile>& files, const std::string& title, float feet_per_metre,

@@ -70,7 +70,7 @@ void ReadArrival(std::string_view line, int i, SeismicStore& s) {
     s.ArrivalKind[i] = kNoStrike;
     return;
   }
-  s.ArrivalFromFile[i] = static_cast<int32_t>(LenientNumber(line.substr(0, line.size() - 1)));
+  s.ArrivalFromFile[i] = ToInteger32(LenientNumber(line.substr(0, line.size() - 1)));
   s.ArrivalKind[i] = KindOfLetter(line.back());
 }
 
@@ -143,11 +143,11 @@ void ReadSeiFile(std::string_view bytes, const std::string& path, const std::str
       s.SampleInterval[i] = ToSingle(LenientNumber(lines.Line()) * 1000);
       s.TestFile[i] = path;
       s.TestTitle[i] = title;
-      s.StartIndex[i] = static_cast<int32_t>(std::clamp(LenientNumber(lines.Line()), -2e9, 2e9));
-      s.EndIndex[i] = static_cast<int32_t>(std::clamp(LenientNumber(lines.Line()), -2e9, 2e9));
+      s.StartIndex[i] = ToInteger32(LenientNumber(lines.Line()));
+      s.EndIndex[i] = ToInteger32(LenientNumber(lines.Line()));
       ReadArrival(lines.Line(), i, s);
       ReadStrikeList(lines.Line(), i, s);
-      const int32_t count = static_cast<int32_t>(std::clamp<int64_t>(int64_t{s.EndIndex[i]} - s.StartIndex[i], -1, 1 << 30));
+      const int32_t count = static_cast<int32_t>(std::clamp<int64_t>(int64_t{s.EndIndex[i]} - s.StartIndex[i], -1, kMaxStrikeSamples + 1));
       for (int16_t kind : kStrikeKinds) s.SampleCount[StrikeSlot(kind, i)] = count;
       ReadSamples(lines.Item(), i, s);
     }

@@ -1,6 +1,8 @@
 // Text rules shared by the seismic readers.
 #include "core/seismic/seismic_text.h"
 
+#include <cmath>
+
 #include "core/common/number_read.h"
 #include "core/common/text_rules.h"
 #include "core/io/dat_reader.h"
@@ -92,6 +94,12 @@ void ReadOperatorAndCrew(std::string_view line, SeismicHeader& header, bool log_
   size_t crew_end = log_style ? arrow : arrow - 1;
   if (crew_end < crew_start) crew_end = crew_start;
   header.Crew = std::string(line.substr(crew_start, crew_end - crew_start));
+}
+
+int32_t ToInteger32(double value) {
+  const double rounded = std::nearbyint(value);
+  if (!(rounded >= -2147483648.0 && rounded <= 2147483647.0)) Fail(kErrOverflow);
+  return static_cast<int32_t>(rounded);
 }
 
 std::string QrdValue(std::string_view line) { return std::string(HeaderValue(line)); }

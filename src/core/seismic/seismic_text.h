@@ -47,6 +47,10 @@ class ItemReader {
   bool has_pending_ = false;
 };
 
+// A count or index of a record stored in a 32-bit field, rounded to the nearest whole number; a
+// value beyond the field's range is "Overflow".
+int32_t ToInteger32(double value);
+
 // The value of a QRD FIELDBOX header line, blanks kept.
 std::string QrdValue(std::string_view line);
 

@@ -11,7 +11,7 @@
 namespace marlview {
 namespace {
 
-int32_t Whole(double value) { return static_cast<int32_t>(std::nearbyint(std::clamp(value, -2e9, 2e9))); }
+int32_t Whole(double value) { return ToInteger32(value); }
 
 //   KORVAN FILE VER: SLG.01.01.2015
 //   ... 22 further lines as in .SEI, the last of them "Gain: 10" in files with a gain line

@@ -21,8 +21,12 @@ SmcVersion VersionOf(std::string_view first_line) {
   return first_line.find("8-9-2011") != std::string_view::npos ? SmcVersion::kMiddle : SmcVersion::kLegacy;
 }
 
-int32_t Whole(double value) { return static_cast<int32_t>(std::nearbyint(std::clamp(value, -2e9, 2e9))); }
+int32_t Whole(double value) { return ToInteger32(value); }
 int32_t Whole(std::string_view text) { return Whole(LenientNumber(text)); }
+
+// The samples between two indices of a record; a span past any strike's bound reads as that bound
+// plus one, which the first sample past 30000 then refuses.
+int32_t Span(int64_t end, int64_t start) { return static_cast<int32_t>(std::clamp<int64_t>(end - start, -1, kMaxStrikeSamples + 1)); }
 
 class SmcReader {
  public:
@@ -115,7 +119,7 @@ void SmcReader::ReadLegacyRecord() {
   s_.SetHasStrike(kStrikeB, i, b);
   s_.SetHasStrike(kStrikeP, i, p);
   const std::string text = CleanSampleText(lines_.Item(), false);
-  const int32_t count = std::clamp(s_.EndIndex[i] - s_.StartIndex[i], -1, 1 << 30);
+  const int32_t count = Span(s_.EndIndex[i], s_.StartIndex[i]);
   const double length = static_cast<double>(text.size());
   s_.SampleCount[StrikeSlot(kStrikeA, i)] = count;
   if (!b && !p) {
@@ -158,10 +162,10 @@ void SmcReader::ReadMiddleRecord() {
   s_.ArrivalKind[i] = kStrikeA;
   const std::string_view code = TrimBlanks(lines_.Line());
   const auto count_at = [&](size_t position) {
-    return std::clamp(Whole(FieldValue(ends, position, 5)) - s_.StartIndex[i], -1, 1 << 30);
+    return Span(Whole(FieldValue(ends, position, 5)), s_.StartIndex[i]);
   };
   s_.EndIndex[i] = Whole(FieldValue(ends, 0, 5));
-  const int32_t count_a = std::clamp(s_.EndIndex[i] - s_.StartIndex[i], -1, 1 << 30);
+  const int32_t count_a = Span(s_.EndIndex[i], s_.StartIndex[i]);
   int32_t count_b = 0, count_p = 0;
   const bool b = code == "1" || code == "3";
   const bool p = code == "2" || code == "3";
@@ -212,7 +216,7 @@ void SmcReader::ReadCurrentRecord() {
     if (list.find("B(SGEO2)") != std::string_view::npos) s_.GeophoneOf[kStrikeB][i] = kGeophoneSgeo2;
     if (p) s_.GeophoneOf[kStrikeP][i] = kGeophonePgeo;
   }
-  const int32_t provisional = std::clamp(s_.EndIndex[i] - s_.StartIndex[i] - 1, -1, 1 << 30);
+  const int32_t provisional = Span(s_.EndIndex[i], int64_t{s_.StartIndex[i]} + 1);
   for (int16_t kind : kStrikeKinds) {
     if (s_.HasStrike(kind, i)) s_.SampleCount[StrikeSlot(kind, i)] = provisional;
   }
