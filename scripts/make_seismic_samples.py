@@ -31,9 +31,10 @@ def ricker(t_ms, f_hz):
 def wave(rng, n, dt_ms, z, polarity, trigger_ms=1.5, vp=1500.0):
     t_s = trigger_ms + travel_ms(z)
     t_p = trigger_ms + math.sqrt(z * z + HAMMER * HAMMER) / vp * 1000.0
-    amp = 0.38 * math.sqrt(1.5 / z)
+    amp = 0.9 * math.sqrt(1.5 / z)
     f = 70.0
-    lead = 1.1 / f * 1000.0
+    # The pulse's centre stands this far behind the first break, where the picks of the file lie.
+    lead = 0.75 / f * 1000.0
     out = []
     for s in range(1, n + 1):
         t = s * dt_ms

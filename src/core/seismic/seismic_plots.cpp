@@ -135,10 +135,13 @@ void DrawTimeAxis(DrawingSurface& g, double left, double top, double width, doub
   const double tick = std::max(4.0, g.TextHeight("0") / 3);
   g.Line(left, top, left + width, top, kBlack);
   const int minor = std::max(1, divisions);
-  for (int k = 0; t_min + k * step / minor <= t_max + 1e-9 && k < 10000; ++k) {
-    const double t = t_min + k * step / minor;
+  const double minor_step = step / minor;
+  // Ticks stand on whole multiples of the step, wherever the axis begins.
+  const double first = std::ceil(t_min / minor_step - 1e-9);
+  for (double k = first; k * minor_step <= t_max + 1e-9 && k - first < 10000; ++k) {
+    const double t = k * minor_step;
     const double x = left + (t - t_min) / span * width;
-    const bool major = k % minor == 0;
+    const bool major = std::fmod(k, minor) == 0;
     g.Line(x, top, x, top + (major ? tick : tick / 2), kBlack);
     if (major) {
       const std::string label = FormatNumber(t, "####0.##");

@@ -104,13 +104,9 @@ void Seisform::BuildControls() {
   middle->addWidget(VScroll1);
   layout->addLayout(middle, 1);
 
-  auto* axis_row = new QHBoxLayout;
-  axis_row->addSpacing(40);
   pctTimeAxis = Named(new SeismicPicture(central), "pctTimeAxis");
   pctTimeAxis->setFixedHeight(30);
-  axis_row->addWidget(pctTimeAxis, 1);
-  axis_row->addSpacing(140);
-  layout->addLayout(axis_row);
+  layout->addWidget(pctTimeAxis);
   lblTime = Named(new QLabel("TIME (mS)", central), "lblTime");
   lblTime->setAlignment(Qt::AlignCenter);
   layout->addWidget(lblTime);
@@ -133,10 +129,14 @@ void Seisform::BuildControls() {
     g.Cls();
     g.SetFont("Arial", 8, false, false);
     const SeismicViewState& v = controller_.View();
+    // The axis lies under the graphs, wherever the layout has put them.
+    if (pctSeisGraph.size() < 2) return;
+    const SeismicPicture* graph = pctSeisGraph[1];
+    const double left = graph->mapTo(this, QPoint(0, 0)).x() - pctTimeAxis->mapTo(this, QPoint(0, 0)).x();
     if (controller_.IsLog()) {
-      DrawTimeAxis(g, 0, 0, pctTimeAxis->width(), 0, 1, 0.2, 2);
+      DrawTimeAxis(g, left, 0, graph->width(), 0, 1, 0.2, 2);
     } else {
-      DrawTimeAxis(g, 0, 0, pctTimeAxis->width(), v.SeismicTimeAxisMin, v.SeismicTimeAxisMax, v.TimeAxisStep,
+      DrawTimeAxis(g, left, 0, graph->width(), v.SeismicTimeAxisMin, v.SeismicTimeAxisMax, v.TimeAxisStep,
                    v.TimeAxisDivisions);
     }
   };
