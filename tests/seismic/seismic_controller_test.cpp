@@ -1,6 +1,8 @@
 // The log window's and the workbench's logic on a loaded sounding, and their drawings.
 #include <gtest/gtest.h>
 
+#include <deque>
+
 #include "core/common/file_access.h"
 #include "core/common/number_format.h"
 #include "core/presentation/recording_surface.h"
@@ -265,6 +267,56 @@ TEST_F(SeismicWindows, ReferenceWaveOnlyWhereTheReferenceHasItsStrike) {
   GraphStrike(without, 800, 400, controller);
   EXPECT_FALSE(without.HasText("Previous arrival"));
   EXPECT_EQ(RightLabelText(controller, 1), "1.50\nm\nArr: " + FormatNumber(s.DelayTime[1], "###0.00") + " mS\nVs: *");
+}
+
+// Pages of a fixed size, each drawn on a surface of its own.
+struct RecordingJob : PrintJob {
+  DrawingSurface& NewPage() override { return pages.emplace_back(612 * 4, 792 * 4, true); }
+  bool EndDoc() override { return true; }
+  double PageWidthPoints() const override { return 612; }
+  double PageHeightPoints() const override { return 792; }
+  std::deque<RecordingSurface> pages;
+  bool Has(std::string_view text) const {
+    for (const RecordingSurface& page : pages) {
+      if (page.HasText(text)) return true;
+    }
+    return false;
+  }
+};
+
+TEST_F(SeismicWindows, PrintedLogHasEveryTestItsTableAndTheFoot) {
+  Open("SCPT-A01.SEI");
+  controller.ApplyHammerDistance("0.6", false);
+  RecordingJob plain;
+  PrintSeismicLog(plain, *t.session, controller);
+  ASSERT_GE(plain.pages.size(), 2u);
+  EXPECT_TRUE(plain.pages[0].HasText("SEISMIC TEST"));
+  EXPECT_TRUE(plain.pages[0].HasText("COMPANY: ACME GEOTECHNICAL LTD."));
+  EXPECT_TRUE(plain.Has("Depth 1.50m"));
+  EXPECT_TRUE(plain.Has("Depth 18.00m"));
+  EXPECT_TRUE(plain.Has("Ref *"));
+  EXPECT_TRUE(plain.Has("Velocity *"));
+  EXPECT_TRUE(plain.Has("Velocity " + FormatNumber(controller.Store().IntervalVelocity[12], "###0.00") + "m/S"));
+  EXPECT_TRUE(plain.pages.back().HasText("Hammer to Rod String Distance (m): 0.60"));
+  EXPECT_TRUE(plain.pages.back().HasText("* = Not Determined"));
+  EXPECT_TRUE(plain.pages.back().HasText("Time (mS)"));
+  // A printed page draws every point: the first test's A strike alone is 1299 segments.
+  EXPECT_GT(plain.pages[0].Lines().size(), 1299u * 2);
+  controller.View().CoverSheet = true;
+  RecordingJob covered;
+  PrintSeismicLog(covered, *t.session, controller);
+  EXPECT_EQ(covered.pages.size(), plain.pages.size() + 1);
+  EXPECT_FALSE(covered.pages[0].HasText("Depth 1.50m"));
+}
+
+TEST_F(SeismicWindows, PrintedLogOfASlgFileHasARowPerSecond) {
+  Open("SCPT-C12.SLG");
+  RecordingJob job;
+  PrintSeismicLog(job, *t.session, controller);
+  ASSERT_EQ(job.pages.size(), 1u);
+  EXPECT_TRUE(job.Has("4S "));
+  EXPECT_TRUE(job.Has("Time"));
+  EXPECT_FALSE(job.Has("* = Not Determined"));
 }
 
 }  // namespace
