@@ -3,6 +3,7 @@
 
 #include <QAction>
 #include <QButtonGroup>
+#include <QCloseEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -190,6 +191,13 @@ void FrmEnlargedSeismicGraph::Handle(const char* source, const std::function<voi
   } else {
     Refresh();
   }
+}
+
+// Closing the window hides it; the log window keeps it for the next double click.
+void FrmEnlargedSeismicGraph::closeEvent(QCloseEvent* event) {
+  tmrFilter->stop();
+  controller_.CloseWorkbench();
+  event->accept();
 }
 
 int FrmEnlargedSeismicGraph::SampleAtX(double x) const {

@@ -82,6 +82,9 @@ class FrmEnlargedSeismicGraph : public QMainWindow {
   QAction* mnuNoCoverSheet;
   QAction* mnuReturnToMainSeismic;
 
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
  private:
   void BuildControls();
   void BuildMenus();
