@@ -201,6 +201,27 @@ class SeismicWindowsTest : public QObject {
     QVERIFY(!bench->isVisible());
   }
 
+  void writesDelaysAndVelocitiesAndRemovesStrikesFromTheMenus() {
+    Seisform* log = OpenSample("SCPT-A01.SEI");
+    QVERIFY(log != nullptr);
+    log->Text6->setText("0.6");
+    QTest::mouseClick(log->Command10, Qt::LeftButton);
+    const std::string dly = t_->data.File("A01"), vss = t_->data.File("A01.vss");
+    t_->prompts.Script({dly, "Yes", vss});
+    log->mnuGenDelay->trigger();
+    log->mnuGenVelocity->trigger();
+    QVERIFY(marlview::FileExists(dly + ".dly"));
+    const std::string velocities = marlview::ReadWholeFile(vss);
+    QVERIFY(velocities.starts_with("step\r\nSeismic Velocity\r\n"));
+    QCOMPARE(std::count(velocities.begin(), velocities.end(), '\n'), 5 + 11);
+    QCOMPARE(Log().filter("?"), QStringList{"? Not all velocities have been determined. Continue? -> Yes"});
+    log->mnuRemoveBStrikes->trigger();
+    QVERIFY(!log->mnuRemoveBStrikes->isEnabled() && log->mnuRemoveAStrikes->isEnabled());
+    QCOMPARE(log->findChildren<marlview::SeismicPicture*>("pctSeisGraph").size(), qsizetype{12});
+    for (int i = 1; i <= 12; ++i) QVERIFY(!Store().HasStrike(marlview::kStrikeB, i));
+    QVERIFY(Store().IntervalVelocity[5] > 0);
+  }
+
   void aLogShowsOneRowPerSecondWithItsGain() {
     Seisform* log = OpenSample("SCPT-C12.SLG");
     QVERIFY(log != nullptr);

@@ -286,7 +286,10 @@ void Seisform::LoadForm() {
 void Seisform::BuildRows() {
   const int count = controller_.RowCount();
   if (static_cast<int>(pctSeisGraph.size()) == count + 1) return;
-  for (QWidget* widget : rows_->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) delete widget;
+  while (QLayoutItem* item = rows_layout_->takeAt(0)) {
+    delete item->widget();
+    delete item;
+  }
   pctSeisGraph.assign(1, nullptr);
   lblLeftLabel.assign(1, nullptr);
   lblRightLabel.assign(1, nullptr);
