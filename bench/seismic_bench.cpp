@@ -76,7 +76,7 @@ std::string FullSeiFile() {
   bytes += "\r\n";
   std::mt19937 random(11);
   std::uniform_int_distribution<int> raw(20000, 45000);
-  char field[8];
+  char field[32];
   for (int i = 1; i <= kMaxSeismicTests; ++i) {
     std::snprintf(field, sizeof field, "%06.2f", 0.5 * i);
     bytes += std::string(field) + " m\r\n.00005000\r\n    0\r\n30000\r\n    0N\r\nA(SGEO1)B(SGEO2)Z(PGEO)\r\n";

@@ -386,74 +386,70 @@ void WriteVelocities(const SeismicStore& s, std::ostream& out) {
 }
 
 // One operation, as its control or menu entry does it; a test, strike or sample the controls
-// would not offer is bad usage.
-void Apply(SeismicController& c, SeismicCliPrompts& prompts, const Operation& op) {
+// would not offer is bad usage. With check_only the operation is only checked against the
+// sounding as loaded, so that bad usage anywhere on the line applies nothing.
+void Apply(SeismicController& c, SeismicCliPrompts& prompts, const Operation& op, bool check_only) {
   const SeismicStore& s = c.Store();
   const bool log = c.IsLog();
+  const std::string& name = op.name;
   const auto test_of = [&](const std::string& text) {
-    const int test = WholeNumber(text, op.name);
-    if (test < 1 || test > s.TestCount) throw UsageError(op.name + " names test " + text + ", outside 1.." + std::to_string(s.TestCount));
+    const int test = WholeNumber(text, name);
+    if (test < 1 || test > s.TestCount) throw UsageError(name + " names test " + text + ", outside 1.." + std::to_string(s.TestCount));
     return test;
   };
+  // The workbench's controls: TEST is opened first, which clears the display shifts of another.
   const auto workbench = [&](const std::string& text) {
-    if (log) throw UsageError(op.name + " is not for a seismic log");
+    if (log) throw UsageError(name + " is not for a seismic log");
     const int test = test_of(text);
-    if (c.View().ShownTest != test || !c.View().WorkbenchOpen) c.OpenTest(test);
+    if (!check_only && (c.View().ShownTest != test || !c.View().WorkbenchOpen)) c.OpenTest(test);
     return test;
   };
   const auto log_only = [&] {
-    if (!log) throw UsageError(op.name + " is for a seismic log (.SLG) only");
+    if (!log) throw UsageError(name + " is for a seismic log (.SLG) only");
   };
-  const std::string& name = op.name;
-  if (name == "--filter") c.FilterAll();
-  else if (name == "--enhance") c.EnhanceAll();
-  else if (name == "--attenuate") c.AttenuateAll();
-  else if (name == "--trim") {
+  if (name == "--filter" || name == "--enhance" || name == "--attenuate") {
+    if (check_only) return;
+    if (name == "--filter") c.FilterAll();
+    if (name == "--enhance") c.EnhanceAll();
+    if (name == "--attenuate") c.AttenuateAll();
+  } else if (name == "--trim") {
     if (log) throw UsageError("--trim is not for a seismic log; --trim-log is");
-    c.TrimAll(StrictNumber(op.parts[0]));
+    if (!check_only) c.TrimAll(StrictNumber(op.parts[0]));
   } else if (name == "--remove-strikes") {
     const int16_t kind = KindOf(op.parts[0], name);
     const SeismicMenus menus = c.Menus();
     if ((kind == kStrikeA && !menus.remove_a) || (kind == kStrikeB && !menus.remove_b) || (kind == kStrikeP && !menus.remove_p)) {
       throw UsageError("--remove-strikes " + op.parts[0] + ": no test has that strike");
     }
-    c.RemoveStrikes(kind);
+    if (!check_only) c.RemoveStrikes(kind);
   } else if (name == "--trim-log") {
     log_only();
     const int seconds = WholeNumber(op.parts[0], name);
     if (seconds < 1 || seconds > s.LogSeconds) throw UsageError("--trim-log takes 1.." + std::to_string(s.LogSeconds));
-    c.TrimLogSeconds(seconds);
+    if (!check_only) c.TrimLogSeconds(seconds);
   } else if (name == "--gain") {
     log_only();
     if (!s.LogHasGainLine) throw UsageError("--gain needs a log with a gain line");
-    c.SetGain(static_cast<float>(StrictNumber(op.parts[0])));
+    if (!check_only) c.SetGain(static_cast<float>(StrictNumber(op.parts[0])));
   } else if (name == "--shift-log") {
     log_only();
     const int16_t kind = KindOf(op.parts[0], name);
     if (!s.HasStrike(kind, 1)) throw UsageError("--shift-log " + op.parts[0] + ": the log has no such strike");
-    c.ShiftLog(kind, op.parts[1] == "up");
-  } else if (name == "--smooth") {
+    if (!check_only) c.ShiftLog(kind, op.parts[1] == "up");
+  } else if (name == "--smooth" || name == "--enhance-step" || name == "--shift" || name == "--nudge") {
     workbench(op.parts[0]);
+    if (check_only) return;
     c.SelectStrike(KindOf(op.parts[1], name));
-    if (c.StrikePresent(c.View().SelectedStrike)) {
-      for (int tick = WholeNumber(op.parts[2], name); tick > 0; --tick) c.FilterTick();
+    const std::string& how = op.parts[2];
+    if (name == "--smooth" && c.StrikePresent(c.View().SelectedStrike)) {
+      for (int tick = WholeNumber(how, name); tick > 0; --tick) c.FilterTick();
     }
-  } else if (name == "--enhance-step") {
-    workbench(op.parts[0]);
-    c.SelectStrike(KindOf(op.parts[1], name));
-    c.EnhanceStep(op.parts[2] == "plus");
-  } else if (name == "--shift") {
-    workbench(op.parts[0]);
-    c.SelectStrike(KindOf(op.parts[1], name));
-    c.ShiftUpDown(op.parts[2] == "up");
-  } else if (name == "--nudge") {
-    workbench(op.parts[0]);
-    c.SelectStrike(KindOf(op.parts[1], name));
-    const std::string& way = op.parts[2];
-    c.Nudge(way == "left" ? -1 : way == "right" ? 1 : way == "left-gross" ? -20 : 20);
+    if (name == "--enhance-step") c.EnhanceStep(how == "plus");
+    if (name == "--shift") c.ShiftUpDown(how == "up");
+    if (name == "--nudge") c.Nudge(how == "left" ? -1 : how == "right" ? 1 : how == "left-gross" ? -20 : 20);
   } else if (name == "--trim-test") {
     workbench(op.parts[0]);
-    c.TrimShownTest(StrictNumber(op.parts[1]));
+    if (!check_only) c.TrimShownTest(StrictNumber(op.parts[1]));
   } else if (name == "--pick" || name == "--snap") {
     if (log) return;
     const int test = test_of(op.parts[0]);
@@ -463,23 +459,24 @@ void Apply(SeismicController& c, SeismicCliPrompts& prompts, const Operation& op
     const int count = s.SampleCount[StrikeSlot(kind, test)];
     if (sample < 1 || sample > count) throw UsageError(name + " takes a sample 1.." + std::to_string(count));
     workbench(op.parts[0]);
+    if (check_only) return;
     c.ChooseArrivalStrike(kind);
     c.Click(sample, name == "--snap", false);
   } else if (name == "--arrival") {
     const int test = workbench(op.parts[0]);
+    // Whether a pick stands depends on the operations before this one.
+    if (check_only) return;
     if (!(s.ArrivalSample[test] > 0)) throw UsageError("--arrival: test " + op.parts[0] + " has no pick");
     if (op.parts[1] == "left") c.ArrivalLeft(); else c.ArrivalRight();
   } else if (name == "--reset") {
     workbench(op.parts[0]);
-    c.ResetWave();
+    if (!check_only) c.ResetWave();
   } else if (name == "--hammer-distance") {
-    c.ApplyHammerDistance(op.parts[0], s.AskHammerDistance == 0);
-  } else if (name == "--dly") {
+    if (!check_only) c.ApplyHammerDistance(op.parts[0], s.AskHammerDistance == 0);
+  } else if (name == "--dly" || name == "--vss") {
+    if (check_only) return;
     prompts.save_path = op.parts[0];
-    c.GenDelayFile();
-  } else if (name == "--vss") {
-    prompts.save_path = op.parts[0];
-    c.GenVelocityFile();
+    if (name == "--dly") c.GenDelayFile(); else c.GenVelocityFile();
   }
 }
 
@@ -515,7 +512,8 @@ int RunSeismic(const std::vector<std::string>& args, std::ostream& out, std::ost
   SeismicController controller(session, prompts, dialogs);
   try {
     controller.Load();
-    for (const Operation& op : options.operations) Apply(controller, prompts, op);
+    for (const Operation& op : options.operations) Apply(controller, prompts, op, true);
+    for (const Operation& op : options.operations) Apply(controller, prompts, op, false);
   } catch (const UsageError& error) {
     err << "marlview-cli: " << error.what() << '\n' << kSeismicUsage;
     return 2;

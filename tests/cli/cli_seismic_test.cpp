@@ -123,6 +123,10 @@ TEST_F(CliSeismicTest, RefusalsAndBadUsage) {
     EXPECT_EQ(run.out, "");
     EXPECT_NE(run.err.find("usage: marlview-cli"), std::string::npos);
   }
+  // Bad usage anywhere on the line applies nothing, not even the operations before it.
+  run = Run({"seismic", file, "--hammer-distance", "2", "--pick", "9:A:3"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_FALSE(FileExists(settings_.File("Hammer Distance.txt")));
   // A message of an operation leaves the status alone.
   run = Run({"seismic", file, "--trim", "-5", "--velocities"});
   EXPECT_EQ(run.status, 0);

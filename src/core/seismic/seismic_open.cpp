@@ -22,7 +22,7 @@ std::vector<std::string> FldacqSeries(const std::string& path) {
   std::vector<std::string> found;
   const std::string stem = path.substr(0, path.size() >= 3 ? path.size() - 3 : 0);
   for (int n = 0; n <= 999; ++n) {
-    char digits[8];
+    char digits[16];
     std::snprintf(digits, sizeof digits, "%03d", n);
     const std::string name = stem + digits;
     if (FileExists(name)) found.push_back(name);
