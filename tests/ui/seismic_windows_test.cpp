@@ -243,6 +243,25 @@ class SeismicWindowsTest : public QObject {
     });
     log->mnuTrimGraphs->trigger();
     QCOMPARE(log->findChildren<marlview::SeismicPicture*>("pctSeisGraph").size(), qsizetype{2});
+    // The shift dialog starts on the last strike the log has, B, and moves the whole column.
+    const float before = Store().LogAmplitude(100, 1);
+    QTimer::singleShot(0, this, [] {
+      auto* dialog = qobject_cast<marlview::FrmShiftStrikeUpDown*>(QApplication::activeModalWidget());
+      QVERIFY(dialog != nullptr);
+      QVERIFY(dialog->optShiftBStrike->isChecked() && !dialog->optShiftPStrike->isEnabled());
+      dialog->cmdShiftUp->click();
+      dialog->cmdOK->click();
+    });
+    log->mnuShiftLogStrike->trigger();
+    QCOMPARE(Store().LogAmplitude(100, 1), before + 0.05f);
+    // The workbench shows one second, and picks are off.
+    FrmEnlargedSeismicGraph* bench = OpenTest(log, 2);
+    QVERIFY(bench != nullptr);
+    QCOMPARE(bench->lblXUnits->text(), QString("Time (S)"));
+    QVERIFY(!bench->optArrivalAStrike->isEnabled() && !bench->cmdResetWave->isEnabled());
+    QTest::mouseClick(bench->Picture1, Qt::LeftButton, {}, QPoint(100, 100));
+    QCOMPARE(Store().ArrivalSample[1], 0.0f);
+    QVERIFY(!bench->cmdNextGraph->isEnabled());
   }
 
   void delayWarningOpensAtLoadingAndKeepsTheChosenWaves() {
