@@ -104,6 +104,35 @@ TEST_F(CliSeismicTest, LoadingDialogsAreAnsweredFromOptions) {
   EXPECT_EQ(run.out, "");
 }
 
+TEST_F(CliSeismicTest, JsonOfALogAndOfAnFldacqSeries) {
+  CliRun run = Run({"seismic", test::SamplesDirectory() + "/SCPT-C12.SLG", "--gain", "25", "--trim-log", "3"});
+  ASSERT_EQ(run.status, 0) << run.err;
+  nlohmann::json j = nlohmann::json::parse(run.out);
+  EXPECT_EQ(j["family"], 4);
+  EXPECT_EQ(j["timeAxis"]["max"], 1.0);
+  EXPECT_EQ(j["log"]["seconds"], 3);
+  EXPECT_EQ(j["log"]["sampleCount"], 12000);
+  EXPECT_EQ(j["log"]["secondEnd"], nlohmann::json::parse("[4000, 8000, 12000]"));
+  EXPECT_EQ(j["log"]["hasGainLine"], -1);
+  EXPECT_EQ(j["log"]["gain"], 25.0);
+  EXPECT_EQ(j["tests"][0]["strikes"]["B"]["sampleCount"], 12000);
+  EXPECT_FALSE(j["tests"][0]["strikes"].contains("P"));
+
+  run = Run({"--yes", "seismic", test::SamplesDirectory() + "/SCPTD03_002"});
+  ASSERT_EQ(run.status, 0) << run.err;
+  j = nlohmann::json::parse(run.out);
+  EXPECT_EQ(j["family"], 2);
+  EXPECT_EQ(j["testCount"], 8);
+  EXPECT_EQ(j["amplitudeBias"], 0);
+  EXPECT_FALSE(j["header"].contains("FileVersionLine"));
+  EXPECT_EQ(j["header"]["TestId"], "SCPT-D03");
+  EXPECT_EQ(j["tests"][0]["file"], "SCPTD03_002");
+  EXPECT_EQ(j["tests"][7]["file"], "SCPTD03_008");
+  EXPECT_EQ(j["tests"][0]["arrivalKind"], 4);
+  EXPECT_EQ(j["tests"][0]["strikes"]["A"]["geophone"], -1);
+  EXPECT_NE(j["tests"][0]["strikes"]["A"]["mean"], 0.0);
+}
+
 TEST_F(CliSeismicTest, RefusalsAndBadUsage) {
   CliRun run = Run({"seismic", Write("NOTES.SEI", "a note\n")});
   EXPECT_EQ(run.status, 1);

@@ -80,6 +80,23 @@ TEST_F(SeismicWindows, LoadWaitsForTheHammerDistanceThenComputesVelocities) {
   EXPECT_GT(s.IntervalVelocity[3], 0);
 }
 
+TEST_F(SeismicWindows, TrimPastTheRecordMovesOnlyTheAxis) {
+  Open("SCPT-A01.SEI");
+  const int slot = StrikeSlot(kStrikeA, 1);
+  EXPECT_TRUE(controller.TrimAll(500));
+  EXPECT_EQ(controller.Store().SampleCount[slot], 1300);
+  EXPECT_FLOAT_EQ(controller.View().SeismicTimeAxisMax, 500.0f);
+  EXPECT_EQ(controller.View().TimeAxisStep, 50);
+  EXPECT_EQ(controller.View().TimeAxisDivisions, 5);
+  // Cutting below a pick leaves the pick where it was.
+  const float pick = controller.Store().ArrivalSample[12];
+  EXPECT_TRUE(controller.TrimAll(40));
+  EXPECT_EQ(controller.Store().SampleCount[slot], 400);
+  EXPECT_EQ(controller.Store().ArrivalSample[12], pick);
+  EXPECT_FALSE(controller.TrimAll(-1));
+  EXPECT_FLOAT_EQ(controller.View().SeismicTimeAxisMax, 40.0f);
+}
+
 TEST_F(SeismicWindows, DisplayShiftsMoveThePictureNotThePick) {
   Open("SCPT-A01.SEI");
   controller.ApplyHammerDistance("0.6", false);
