@@ -222,6 +222,7 @@ TEST_F(SeismicWindows, LogModeMenusGainAndNoPicks) {
   EXPECT_TRUE(controller.Menus().shift_log_visible);
   EXPECT_FALSE(controller.Menus().remove_p);
   EXPECT_FLOAT_EQ(controller.View().SeismicTimeAxisMax, 1.0f);
+  EXPECT_FALSE(controller.View().HammerFrameVisible);
   const float before = controller.Store().LogAmplitude(800, 0);
   controller.SetGain(10);
   EXPECT_FLOAT_EQ(controller.Store().LogAmplitude(800, 0), before * 10);

@@ -144,7 +144,8 @@ void SeismicController::Load() {
       if (listener_) listener_->OpenWorkbench();
     }
   }
-  if (s.AskHammerDistance == 1) {
+  // A log has no tests to measure velocities between, so it asks for no hammer distance.
+  if (s.AskHammerDistance == 1 && !IsLog()) {
     view_.HammerFrameVisible = true;
   } else {
     Velocities(0);
