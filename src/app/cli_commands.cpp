@@ -12,6 +12,7 @@
 
 #include "app/cli_dissipation.h"
 #include "app/cli_prompts.h"
+#include "app/cli_seismic.h"
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
@@ -56,7 +57,8 @@ constexpr const char* kUsage =
     "                         [--elevation]\n"
     "                    dissipation FILE [--test N --t50 --u0 U0 --u100 U100]\n"
     "                    dissipation FILE --plot -o OUT.png|OUT.pdf [--test N]... [--mode pressure|percent-max|\n"
-    "                                percent-head] [--time linear|log|sqrt]\n";
+    "                                percent-head] [--time linear|log|sqrt]\n"
+    "                    seismic FILE [OPERATION]... [--waves | --velocities]\n";
 
 struct Options {
   std::string data_dir;
@@ -316,6 +318,7 @@ int RunPlot(Session& session, ShellController& controller, CliPrompts& prompts, 
 
 int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
            const std::string& program_directory) {
+  if (IsSeismicCommand(args)) return RunSeismic(args, out, err, program_directory);
   Options options;
   try {
     options = Parse(args);
@@ -323,7 +326,7 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
     const std::string& command = options.positional[0];
     if (command != "info" && command != "channels" && command != "plot" && command != "export" &&
         command != "dissipation") {
-      static const char* kLater[] = {"edit", "seismic"};
+      static const char* kLater[] = {"edit"};
       for (const char* later : kLater) {
         if (command == later) throw UsageError("'" + command + "' is not available in this version of marlview-cli yet");
       }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "core/seismic/seismic_open.h"
 #include "core/shell/shell_controller.h"
 #include "support/test_support.h"
 
@@ -141,11 +142,25 @@ TEST_F(ShellTest, DoneAsksAboutEachOpenWindowInTurn) {
 }
 
 TEST_F(ShellTest, OtherModesSayTheyAreNotThereYet) {
-  controller.ChooseMode(ProcessingMode::kSeismic);
+  controller.ChooseMode(ProcessingMode::kVideo);
   EXPECT_EQ(t.prompts.Log(),
-            std::vector<std::string>{"! Seismic processing is not available in this version of Marlview yet."});
+            std::vector<std::string>{"! Video cone processing is not available in this version of Marlview yet."});
   EXPECT_TRUE(controller.View().test_type_visible);
   EXPECT_EQ(controller.View().checked_mode, ProcessingMode::kNone);
+}
+
+TEST_F(ShellTest, SeismicModeOpensTheLogWindowOnlyOnAFileThatWasRead) {
+  t.prompts.Script({""});
+  controller.ChooseMode(ProcessingMode::kSeismic);
+  EXPECT_FALSE(controller.View().seismic_open);
+  EXPECT_EQ(t.prompts.LastFileRequest().filter, kSeismicOpenFilter);
+  t.prompts.Script({test::SamplesDirectory() + "/SCPT-A01.SEI"});
+  controller.ChooseMode(ProcessingMode::kSeismic);
+  EXPECT_TRUE(controller.View().seismic_open);
+  EXPECT_EQ(controller.View().checked_mode, ProcessingMode::kNone);
+  EXPECT_EQ(t.session->Seismic().TestCount, 12);
+  controller.SeismicDone();
+  EXPECT_FALSE(controller.View().seismic_open);
 }
 
 TEST_F(ShellTest, PiezoFilterMovesTheSleeveAndRealigns) {

@@ -113,10 +113,10 @@ class Form1Test : public QObject {
     }
     QVERIFY(!Control<QAction>("mnuAddData")->isEnabled());
     // An option of a later version says so and stays unchecked.
-    ClickOption("optProcessSeismic");
-    QVERIFY(!Control<QRadioButton>("optProcessSeismic")->isChecked());
+    ClickOption("optProcessVideo");
+    QVERIFY(!Control<QRadioButton>("optProcessVideo")->isChecked());
     QVERIFY(OnOptions());
-    QCOMPARE(Log(), QStringList{"! Seismic processing is not available in this version of Marlview yet."});
+    QCOMPARE(Log(), QStringList{"! Video cone processing is not available in this version of Marlview yet."});
   }
 
   void opensASoundingAndListsItsChannels() {

@@ -115,13 +115,15 @@ const SensorRule& IdentifySensor(std::string_view cell) {
   return kOtherSensor;
 }
 
-// The value of a "value => label" line: what stands before " =>", or before "=>" when " =>" is
-// missing or opens the line.
+}  // namespace
+
 std::string_view HeaderValue(std::string_view line) {
   size_t arrow = line.find(" =>");
   if (arrow == std::string_view::npos || arrow == 0) arrow = line.find("=>");
   return arrow == std::string_view::npos ? line : line.substr(0, arrow);
 }
+
+namespace {
 
 class DatReader {
  public:

@@ -54,5 +54,20 @@ void Session::CommitSounding() {
 }
 
 void Session::CommitDissipation() { std::swap(dissipation_, spare_dissipation_); }
+SeismicStore& Session::Seismic() {
+  if (!seismic_) seismic_ = std::make_unique<SeismicStore>();
+  return *seismic_;
+}
+
+SeismicStore& Session::SpareSeismic() {
+  if (!spare_seismic_) spare_seismic_ = std::make_unique<SeismicStore>();
+  return *spare_seismic_;
+}
+
+void Session::CommitSeismic() {
+  Seismic();
+  SpareSeismic();
+  std::swap(seismic_, spare_seismic_);
+}
 
 }  // namespace marlview

@@ -13,6 +13,7 @@
 #include "core/model/sounding_slots.h"
 #include "core/model/sounding_store.h"
 #include "core/model/unit_tables.h"
+#include "core/seismic/seismic_store.h"
 #include "core/settings/settings_files.h"
 
 namespace marlview {
@@ -66,6 +67,11 @@ class Session {
   // A store to read a new dissipation file into; CommitDissipation makes it the current file.
   DissipationSet& SpareDissipation() { return *spare_dissipation_; }
   void CommitDissipation();
+  // The seismic test set, allocated at its first use; a new file is read into the spare store and
+  // becomes current only by CommitSeismic.
+  SeismicStore& Seismic();
+  SeismicStore& SpareSeismic();
+  void CommitSeismic();
 
   UnitTables units;
   ChannelChoices choices;
@@ -115,6 +121,8 @@ class Session {
   std::unique_ptr<SoundingSlots> slots_;
   std::unique_ptr<DissipationSet> dissipation_;
   std::unique_ptr<DissipationSet> spare_dissipation_;
+  std::unique_ptr<SeismicStore> seismic_;
+  std::unique_ptr<SeismicStore> spare_seismic_;
 };
 
 }  // namespace marlview

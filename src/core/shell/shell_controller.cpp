@@ -10,6 +10,7 @@
 #include "core/derivation/artefacts.h"
 #include "core/derivation/derived_channels.h"
 #include "core/io/dat_reader.h"
+#include "core/seismic/seismic_open.h"
 #include "core/model/conversion.h"
 #include "core/shell/add_data.h"
 #include "core/settings/settings_files.h"
@@ -57,8 +58,8 @@ void ShellController::ChooseMode(ProcessingMode mode) {
         if (!dissipation_.OpenDissipationFile()) BackToModeChoice();
         return;
       case ProcessingMode::kSeismic:
-        NotAvailable("Seismic processing");
-        break;
+        ProcessSeismic();
+        return;
       case ProcessingMode::kVideo:
         NotAvailable("Video cone processing");
         break;
@@ -78,6 +79,14 @@ void ShellController::DissipationDone() {
     BackToModeChoice();
   });
 }
+
+// The option is unchecked at once; the log window opens only on a file that was read.
+void ShellController::ProcessSeismic() {
+  view_.checked_mode = ProcessingMode::kNone;
+  view_.seismic_open = OpenSeismicFile(session_, prompts_) == SeismicOpenOutcome::kLoaded;
+}
+
+void ShellController::SeismicDone() { view_.seismic_open = false; }
 
 void ShellController::ProcessSounding() {
   view_.test_type_visible = false;

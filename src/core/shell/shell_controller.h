@@ -31,6 +31,8 @@ struct ShellView {
   bool piezo_checked = false;
   // lblSoundingInfo, one line each for the file, the location and the depth pushed.
   std::string sounding_info;
+  // A seismic test set is open in the log window; the processing options wait until it closes.
+  bool seismic_open = false;
 };
 
 class ShellController {
@@ -67,6 +69,8 @@ class ShellController {
   void SetMultipleTests();
   // Says plainly that a feature of a later version is not there yet.
   void NotAvailable(const std::string& what);
+  // The log window's way back to the main window.
+  void SeismicDone();
 
   // The dissipation mode's list and buttons.
   DissipationController& Dissipations() { return dissipation_; }
@@ -75,6 +79,7 @@ class ShellController {
 
  private:
   void ProcessSounding();
+  void ProcessSeismic();
   bool OpenSoundingFile();
   void PopulateChannelList();
   void BackToModeChoice();

@@ -22,6 +22,7 @@
 #include "ui/presentation/ecp_window.h"
 #include "ui/presentation/form4.h"
 #include "ui/presentation/sounding_data_window.h"
+#include "ui/seismic/seisform.h"
 
 namespace marlview {
 namespace {
@@ -267,6 +268,18 @@ void Form1::CloseViewWindow(ViewWindow window) {
   if (window == ViewWindow::kEcp) CloseEcpWindow();
 }
 
+void Form1::OpenSeismicWindow() {
+  seismic_window_ = std::make_unique<Seisform>(session_, prompts_, [this] { ReturnFromSeismic(); }, this);
+  seismic_window_->show();
+  seismic_window_->LoadForm();
+}
+
+void Form1::ReturnFromSeismic() {
+  controller_.SeismicDone();
+  if (seismic_window_ != nullptr) seismic_window_.release()->deleteLater();
+  Refresh();
+}
+
 void Form1::ReturnFromPlot() {
   ClosePlotWindow();
   Handle("mnuReturn_Click",
@@ -301,6 +314,8 @@ void Form1::Refresh() {
   modes_->setExclusive(true);
   mnuAddData->setEnabled(session_.SoundingOpen);
   frmDissipations->Refresh();
+  frmSelectTestType->setEnabled(!view.seismic_open);
+  if (view.seismic_open && seismic_window_ == nullptr) OpenSeismicWindow();
   mnuSingleTest->setChecked(session_.SoundingSelectionMode == 0);
   mnuMultipleTests->setChecked(session_.SoundingSelectionMode == 1);
 }

@@ -23,6 +23,7 @@ class DissipationPanel;
 class Form4;
 class FrmSoundingData;
 class FrmSoundingECPData;
+class Seisform;
 
 class Form1 : public QMainWindow {
   Q_OBJECT
@@ -38,6 +39,8 @@ class Form1 : public QMainWindow {
   FrmSoundingData* ListWindow() const { return list_window_.get(); }
   // The ECP window last opened, kept the same way.
   FrmSoundingECPData* EcpWindow() const { return ecp_window_.get(); }
+  // The seismic log window while seismic mode is on.
+  Seisform* SeismicWindow() const { return seismic_window_.get(); }
 
   QGroupBox* frmSelectTestType;
   QRadioButton* optProcessSounding;
@@ -89,6 +92,9 @@ class Form1 : public QMainWindow {
   void OpenEcpWindow();
   void CloseEcpWindow();
   void CloseViewWindow(ViewWindow window);
+  void OpenSeismicWindow();
+  // The log window's way back: closes it and its workbench, and the processing options return.
+  void ReturnFromSeismic();
   // The plot window's way back: closes it and runs the sounding's done flow.
   void ReturnFromPlot();
 
@@ -99,6 +105,7 @@ class Form1 : public QMainWindow {
   std::unique_ptr<Form4> plot_window_;
   std::unique_ptr<FrmSoundingData> list_window_;
   std::unique_ptr<FrmSoundingECPData> ecp_window_;
+  std::unique_ptr<Seisform> seismic_window_;
 };
 
 }  // namespace marlview

@@ -1,0 +1,57 @@
+// Text rules shared by the seismic readers: sample texts walked by position, header values, the
+// GPS lines of both families, the operator and crew line, and items that end at a comma.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include <vector>
+#include "core/seismic/seismic_store.h"
+
+namespace marlview {
+
+// The sample text with every "-" deleted and, for the newer PX DAS files, every "A", "B" and "Z".
+std::string CleanSampleText(std::string_view text, bool drop_strike_letters);
+
+// The leading number of the width characters at 0-based position pos; characters past the end of
+// the text are missing and a field with no number reads 0. Walked without allocating for plain
+// digit fields, which is what every sample is.
+double FieldValue(std::string_view text, size_t pos, size_t width);
+
+// QRD FIELDBOX: "49.2031N,122.9157W,4.2,9,2 => GPS Data" split when it holds a hemisphere letter
+// and a comma; every piece left empty becomes "0".
+void SplitQrdGps(std::string_view line, SeismicHeader& header);
+// PX DAS: an NMEA-like line; comma fields 2 and 3 are the latitude, 4 and 5 the longitude, 9 the
+// elevation.
+void SplitPxGps(std::string_view line, SeismicHeader& header);
+
+// "J. Ferreira | D. Okafor => Operator / Crew". The log files keep the blank before the arrow in
+// the crew; the test files do not.
+void ReadOperatorAndCrew(std::string_view line, SeismicHeader& header, bool log_style);
+
+// Lines of a file read either whole or as items that end at a comma, as the field systems'
+// "Input #" reads a text item.
+class ItemReader {
+ public:
+  explicit ItemReader(std::string_view bytes);
+  // True when only blank lines are left.
+  bool AtEnd();
+  std::string_view Line();
+  std::string_view Item();
+  void SkipLines(int count);
+
+ private:
+  std::vector<std::string_view> lines_;
+  size_t next_ = 0;
+  std::string_view pending_;
+  bool has_pending_ = false;
+};
+
+// A count or index of a record stored in a 32-bit field, rounded to the nearest whole number; a
+// value beyond the field's range is "Overflow".
+int32_t ToInteger32(double value);
+
+// The value of a QRD FIELDBOX header line, blanks kept.
+std::string QrdValue(std::string_view line);
+
+}  // namespace marlview

@@ -1,0 +1,272 @@
+// The small dialogs of seismic mode.
+#include "ui/seismic/seismic_dialogs.h"
+
+#include <QButtonGroup>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include "core/common/number_format.h"
+#include "core/common/number_read.h"
+#include "ui/common/event_guard.h"
+#include "ui/common/named.h"
+#include "ui/common/qt_prompts.h"
+
+namespace marlview {
+namespace {
+
+QRadioButton* Option(QWidget* parent, QLayout* layout, const char* name, const QString& caption) {
+  auto* option = Named(new QRadioButton(caption, parent), name);
+  layout->addWidget(option);
+  return option;
+}
+
+QLineEdit* Field(QWidget* parent, QFormLayout* form, const char* name, const QString& label, const QString& text) {
+  auto* field = Named(new QLineEdit(text, parent), name);
+  form->addRow(label, field);
+  return field;
+}
+
+std::string Text(const QLineEdit* field) { return field->text().toStdString(); }
+
+// A text box's time, "Invalid time." territory when it holds no number.
+double Milliseconds(const QLineEdit* field) { return LenientNumber(Text(field)); }
+
+}  // namespace
+
+FrmDelayWarning::FrmDelayWarning(QWidget* parent) : QDialog(parent) {
+  setObjectName("frmDelayWarning");
+  setWindowTitle("WARNING");
+  auto* layout = new QVBoxLayout(this);
+  lblDelayWarning = Named(new QLabel(kDelayWarningText, this), "lblDelayWarning");
+  lblDelayWarning->setWordWrap(true);
+  layout->addWidget(lblDelayWarning);
+  optSWave = Option(this, layout, "optSWave", "USE S WAVE DELAYS (ALL PICKS ARE CLEARED)");
+  optPWave = Option(this, layout, "optPWave", "USE P WAVE DELAYS");
+  auto* row = new QHBoxLayout;
+  cmdOK = NamedButton(row, this, "cmdOK", "OK");
+  cmdOK->setEnabled(false);
+  layout->addLayout(row);
+  connect(optSWave, &QRadioButton::clicked, cmdOK, [this] { cmdOK->setEnabled(true); });
+  connect(optPWave, &QRadioButton::clicked, cmdOK, [this] { cmdOK->setEnabled(true); });
+  connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+FrmArrivalError::FrmArrivalError(const ArrivalErrorChoice& choice, QWidget* parent) : QDialog(parent) {
+  setObjectName("frmArrivalError");
+  setWindowTitle(kArrivalErrorCaption);
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(new QLabel(kArrivalErrorCaption, this));
+  optAStrike = Option(this, layout, "optAStrike", "S(A) WAVE");
+  optBStrike = Option(this, layout, "optBStrike", "S(B) WAVE");
+  optPStrike = Option(this, layout, "optPStrike", "P WAVE");
+  optNoStrike = Option(this, layout, "optNoStrike", "NO WAVE");
+  optAStrike->setEnabled(choice.a_enabled);
+  optBStrike->setEnabled(choice.b_enabled);
+  optPStrike->setEnabled(choice.p_enabled);
+  optAStrike->setChecked(choice.initial == kStrikeA);
+  optBStrike->setChecked(choice.initial == kStrikeB);
+  optPStrike->setChecked(choice.initial == kStrikeP);
+  auto* row = new QHBoxLayout;
+  cmdOK = NamedButton(row, this, "cmdOK", "OK");
+  layout->addLayout(row);
+  connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+int16_t FrmArrivalError::Chosen() const {
+  if (optAStrike->isChecked()) return kStrikeA;
+  if (optBStrike->isChecked()) return kStrikeB;
+  if (optPStrike->isChecked()) return kStrikeP;
+  return kNoStrike;
+}
+
+bool QtSeismicDialogs::AskDelayWarning() {
+  FrmDelayWarning dialog(parent_);
+  // The dialog has no way out but a choice: closing it keeps the S waves, its first option.
+  dialog.exec();
+  return !dialog.optPWave->isChecked();
+}
+
+int16_t QtSeismicDialogs::AskArrivalError(const ArrivalErrorChoice& choice) {
+  FrmArrivalError dialog(choice, parent_);
+  dialog.exec();
+  return dialog.Chosen();
+}
+
+FrmTrimSeismicGraphs::FrmTrimSeismicGraphs(SeismicController& controller, UserPrompts& prompts, QWidget* parent)
+    : QDialog(parent) {
+  setObjectName("frmTrimSeismicGraphs");
+  setWindowTitle("TRIM GRAPHS");
+  auto* form = new QFormLayout(this);
+  txtTrimTime = Field(this, form, "txtTrimTime", "TRIM TIME (mS)",
+                      ToQString(FormatNumber(controller.View().SeismicTimeAxisMax, "####0.##")));
+  auto* row = new QHBoxLayout;
+  cmdOK = NamedButton(row, this, "cmdOK", "OK");
+  cmdCancel = NamedButton(row, this, "cmdCancel", "CANCEL");
+  form->addRow(row);
+  connect(cmdOK, &QPushButton::clicked, this, [this, &controller, &prompts] {
+    RunGuarded(prompts, "cmdOK_Click", [&] {
+      if (controller.TrimAll(Milliseconds(txtTrimTime))) accept();
+    });
+  });
+  connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+FrmTrimSeismicGraph::FrmTrimSeismicGraph(SeismicController& controller, UserPrompts& prompts, QWidget* parent)
+    : QDialog(parent) {
+  setObjectName("frmTrimSeismicGraph");
+  setWindowTitle("TRIM STRIKE");
+  auto* form = new QFormLayout(this);
+  Text12 = Field(this, form, "Text12", "TRIM TIME (mS)", ToQString(FormatNumber(controller.TrimShownTestDefault(), "####0.##")));
+  auto* row = new QHBoxLayout;
+  cmdOK = NamedButton(row, this, "cmdOK", "OK");
+  cmdCancel = NamedButton(row, this, "cmdCancel", "CANCEL");
+  form->addRow(row);
+  connect(cmdOK, &QPushButton::clicked, this, [this, &controller, &prompts] {
+    RunGuarded(prompts, "cmdOK_Click", [&] {
+      if (controller.TrimShownTest(Milliseconds(Text12))) accept();
+    });
+  });
+  connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+FrmTrimSeismicLog::FrmTrimSeismicLog(SeismicController& controller, UserPrompts& prompts, QWidget* parent)
+    : QDialog(parent) {
+  setObjectName("frmTrimSeismicLog");
+  setWindowTitle("TRIM LOG");
+  auto* form = new QFormLayout(this);
+  cmbTrimSeconds = Named(new QComboBox(this), "cmbTrimSeconds");
+  for (int n = 1; n <= controller.Store().LogSeconds; ++n) cmbTrimSeconds->addItem(QString::number(n));
+  cmbTrimSeconds->setCurrentIndex(cmbTrimSeconds->count() - 1);
+  form->addRow("SECONDS TO KEEP", cmbTrimSeconds);
+  auto* row = new QHBoxLayout;
+  cmdOK = NamedButton(row, this, "cmdOK", "OK");
+  form->addRow(row);
+  connect(cmdOK, &QPushButton::clicked, this, [this, &controller, &prompts] {
+    RunGuarded(prompts, "cmdOK_Click", [&] {
+      if (cmbTrimSeconds->currentIndex() >= 0) controller.TrimLogSeconds(cmbTrimSeconds->currentIndex() + 1);
+    });
+    accept();
+  });
+}
+
+FrmShiftStrikeUpDown::FrmShiftStrikeUpDown(SeismicController& controller, UserPrompts& prompts, QWidget* parent)
+    : QDialog(parent) {
+  setObjectName("frmShiftStrikeUpDown");
+  setWindowTitle("SHIFT WAVE");
+  auto* layout = new QVBoxLayout(this);
+  optShiftAStrike = Option(this, layout, "optShiftAStrike", "S(A) WAVE");
+  optShiftBStrike = Option(this, layout, "optShiftBStrike", "S(B) WAVE");
+  optShiftPStrike = Option(this, layout, "optShiftPStrike", "P WAVE");
+  const SeismicStore& s = controller.Store();
+  optShiftAStrike->setEnabled(s.HasStrike(kStrikeA, 1));
+  optShiftBStrike->setEnabled(s.HasStrike(kStrikeB, 1));
+  optShiftPStrike->setEnabled(s.HasStrike(kStrikeP, 1));
+  // The last available of P, B, A is selected first.
+  for (QRadioButton* option : {optShiftPStrike, optShiftBStrike, optShiftAStrike}) {
+    if (option->isEnabled()) {
+      option->setChecked(true);
+      break;
+    }
+  }
+  auto* row = new QHBoxLayout;
+  cmdShiftUp = NamedButton(row, this, "cmdShiftUp", "UP");
+  cmdShiftDown = NamedButton(row, this, "cmdShiftDown", "DOWN");
+  cmdOK = NamedButton(row, this, "cmdOK", "OK");
+  layout->addLayout(row);
+  connect(cmdShiftUp, &QPushButton::clicked, this, [this, &controller, &prompts] {
+    RunGuarded(prompts, "cmdShiftUp_Click", [&] { controller.ShiftLog(Kind(), true); });
+  });
+  connect(cmdShiftDown, &QPushButton::clicked, this, [this, &controller, &prompts] {
+    RunGuarded(prompts, "cmdShiftDown_Click", [&] { controller.ShiftLog(Kind(), false); });
+  });
+  connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+int16_t FrmShiftStrikeUpDown::Kind() const {
+  if (optShiftAStrike->isChecked()) return kStrikeA;
+  if (optShiftBStrike->isChecked()) return kStrikeB;
+  if (optShiftPStrike->isChecked()) return kStrikeP;
+  return kNoStrike;
+}
+
+FrmScaleEnlargedSeismicGraph::FrmScaleEnlargedSeismicGraph(SeismicController& controller, UserPrompts& prompts,
+                                                           QWidget* parent)
+    : QDialog(parent) {
+  setObjectName("frmScaleEnlargedSeismicGraph");
+  setWindowTitle("SCALE");
+  const SeismicViewState& v = controller.View();
+  auto* form = new QFormLayout(this);
+  txtXmin = Field(this, form, "txtXmin", "Xmin (mS)", QString::number(static_cast<int>(v.TimeStart)));
+  txtXmax = Field(this, form, "txtXmax", "Xmax (mS)", QString::number(static_cast<int>(v.TimeEnd)));
+  auto* row = new QHBoxLayout;
+  cmdSetScale = NamedButton(row, this, "cmdSetScale", "SET SCALE");
+  cmdResetScale = NamedButton(row, this, "cmdResetScale", "RESET SCALE");
+  form->addRow(row);
+  connect(cmdSetScale, &QPushButton::clicked, this, [this, &controller, &prompts] {
+    RunGuarded(prompts, "cmdSetScale_Click", [&] {
+      if (controller.SetScale(Text(txtXmin), Text(txtXmax))) accept();
+    });
+  });
+  connect(cmdResetScale, &QPushButton::clicked, this, [this, &controller, &prompts] {
+    RunGuarded(prompts, "cmdResetScale_Click", [&] { controller.ResetScale(); });
+    accept();
+  });
+}
+
+FrmAdjustSeismicDepth::FrmAdjustSeismicDepth(SeismicController& controller, UserPrompts& prompts, QWidget* parent)
+    : QDialog(parent) {
+  setObjectName("frmAdjustSeismicDepth");
+  setWindowTitle("ADJUST DEPTHS");
+  const QString unit = controller.Feet() ? "(ft)" : "(m)";
+  auto* form = new QFormLayout(this);
+  txtMeasuredDepth = Field(this, form, "txtMeasuredDepth", "MEASURED DEPTH " + unit, "0");
+  txtTotalDepth = Field(this, form, "txtTotalDepth", "OBSERVED DEPTH " + unit, "0");
+  auto* row = new QHBoxLayout;
+  cmdOK = NamedButton(row, this, "cmdOK", "OK");
+  cmdCancel = NamedButton(row, this, "cmdCancel", "CANCEL");
+  form->addRow(row);
+  connect(cmdOK, &QPushButton::clicked, this, [this, &controller, &prompts] {
+    RunGuarded(prompts, "cmdOK_Click", [&] {
+      if (controller.AdjustDepth(Text(txtMeasuredDepth), Text(txtTotalDepth))) accept();
+    });
+  });
+  connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+FrmSeismicChangeDepth::FrmSeismicChangeDepth(SeismicController& controller, UserPrompts& prompts, QWidget* parent)
+    : QDialog(parent) {
+  setObjectName("frmSeismicChangeDepth");
+  setWindowTitle("CHANGE DEPTH");
+  const SeismicStore& s = controller.Store();
+  const int test = controller.View().ShownTest;
+  const double unit = controller.Feet() ? controller.FeetPerMetre() : 1.0;
+  auto* form = new QFormLayout(this);
+  txtNewDepth = Field(this, form, "txtNewDepth", controller.Feet() ? "NEW DEPTH (ft)" : "NEW DEPTH (m)",
+                      ToQString(FormatNumber(s.TestDepth[test] * unit, "##0.00#")));
+  lblGreaterThan = Named(new QLabel(this), "lblGreaterThan");
+  lblLessThan = Named(new QLabel(this), "lblLessThan");
+  lblGreaterThan->setText(test > 1 ? "MORE THAN " + ToQString(FormatNumber(s.TestDepth[test - 1] * unit, "##0.00#"))
+                                   : QString("NOT NEGATIVE"));
+  lblLessThan->setText(test < s.TestCount ? "LESS THAN " + ToQString(FormatNumber(s.TestDepth[test + 1] * unit, "##0.00#"))
+                                          : QString());
+  form->addRow(lblGreaterThan);
+  form->addRow(lblLessThan);
+  auto* row = new QHBoxLayout;
+  cmdOK = NamedButton(row, this, "cmdOK", "OK");
+  cmdCancel = NamedButton(row, this, "cmdCancel", "CANCEL");
+  form->addRow(row);
+  connect(cmdOK, &QPushButton::clicked, this, [this, &controller, &prompts] {
+    RunGuarded(prompts, "cmdOK_Click", [&] {
+      if (controller.ChangeDepth(Text(txtNewDepth))) accept();
+    });
+  });
+  connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+}  // namespace marlview

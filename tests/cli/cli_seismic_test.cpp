@@ -1,0 +1,166 @@
+// marlview-cli seismic run in process: the three outputs, operations in order, dialogs answered
+// from options, refusals and bad usage.
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "app/cli_commands.h"
+#include "core/common/file_access.h"
+#include "seismic/seismic_files.h"
+#include "support/test_support.h"
+
+namespace marlview {
+namespace {
+
+struct CliRun {
+  int status;
+  std::string out;
+  std::string err;
+};
+
+class CliSeismicTest : public ::testing::Test {
+ protected:
+  CliRun Run(std::vector<std::string> args) {
+    args.insert(args.begin(), {"--data-dir", settings_.Path()});
+    std::ostringstream out, err;
+    const int status = RunCli(args, out, err);
+    return {status, out.str(), err.str()};
+  }
+  std::string Write(const std::string& name, const std::string& bytes) {
+    files_.Write(name, bytes);
+    return files_.File(name);
+  }
+  // Three tests at 2, 3 and 4 m with a ramp on A and B; picks on A from the file.
+  std::string SmallSei() {
+    std::vector<test::SeiRecord> records;
+    for (int i = 0; i < 3; ++i) {
+      test::SeiRecord r = test::SeiTest("00" + std::to_string(2 + i) + ".00 m", "A(SGEO1)B(SGEO2)", 20);
+      for (auto& raws : r.raws) {
+        for (size_t k = 0; k < raws.size(); ++k) raws[k] = 32768 + static_cast<int>(k) * 300 * (i + 1);
+      }
+      r.arrival = "   " + std::to_string(10 + 2 * i) + "A";
+      records.push_back(r);
+    }
+    return Write("SMALL.SEI", test::SeiFile(records));
+  }
+
+  test::TempDirectory settings_;
+  test::TempDirectory files_;
+};
+
+TEST_F(CliSeismicTest, JsonViewOfASmallSounding) {
+  const CliRun run = Run({"seismic", SmallSei()});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "");
+  test::ExpectGolden(run.out, "cli/seismic_small.expected.json");
+}
+
+TEST_F(CliSeismicTest, OperationsRunInOrderAndTheVelocitiesFollow) {
+  const std::string file = SmallSei();
+  const CliRun run = Run({"--yes", "seismic", file, "--hammer-distance", "1", "--reset", "2", "--pick", "2:B:11",
+                          "--arrival", "2:right", "--nudge", "2:B:left-gross", "--dly", files_.File("out"),
+                          "--velocities"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.out,
+            "test,depth,arrivalKind,arrivalSample,delayTime,referenceTest,intervalVelocity\n"
+            "1,2.0,0,10,1.0,0,0.0\n"
+            "2,3.0,1,12,1.2,1,4631.0474\n"
+            "3,4.0,0,14,1.4,2,4804.1416\n");
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(ReadWholeFile(settings_.File("Hammer Distance.txt")), "1\r\n1\r\n");
+  EXPECT_TRUE(FileExists(files_.File("out.dly")));
+  // The file's overwrite question takes --yes.
+  const CliRun again = Run({"--yes", "seismic", file, "--dly", files_.File("out.dly"), "--velocities"});
+  EXPECT_NE(again.err.find("? File exits.  Overwrite? -> Yes"), std::string::npos);
+}
+
+TEST_F(CliSeismicTest, WavesOfAStrikeAfterFilteringAndEnhancing) {
+  const CliRun run = Run({"seismic", SmallSei(), "--enhance", "--filter", "--waves"});
+  EXPECT_EQ(run.status, 0);
+  std::istringstream lines(run.out);
+  std::string header, first;
+  std::getline(lines, header);
+  std::getline(lines, first);
+  EXPECT_EQ(header, "test,kind,sample,time,amplitude");
+  EXPECT_EQ(first.substr(0, 10), "1,A,1,0.1,");
+  EXPECT_EQ(std::count(run.out.begin(), run.out.end(), '\n'), 1 + 3 * 2 * 20);
+}
+
+TEST_F(CliSeismicTest, LoadingDialogsAreAnsweredFromOptions) {
+  std::vector<test::SeiRecord> records = {test::SeiTest("002.00 m", "A(SGEO1)B(SGEO2)", 20),
+                                          test::SeiTest("003.00 m", "A(SGEO1)B(SGEO2)", 20),
+                                          test::SeiTest("004.00 m", "A(SGEO1)Z(PGEO)", 20)};
+  records[0].arrival = "    5N";
+  records[1].arrival = "    6N";
+  const std::string file = Write("UNSET.SEI", test::SeiFile(records));
+  CliRun run = Run({"seismic", file, "--velocities"});
+  EXPECT_EQ(run.err, "? SET ARRIVAL WAVE(S) -> A\n");
+  run = Run({"seismic", file, "--arrival-error", "B", "--velocities"});
+  EXPECT_EQ(run.err, "? SET ARRIVAL WAVE(S) -> B\n");
+  EXPECT_NE(run.out.find("\n1,2.0,1,5,"), std::string::npos);
+  run = Run({"seismic", file, "--arrival-error", "P"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.out, "");
+}
+
+TEST_F(CliSeismicTest, JsonOfALogAndOfAnFldacqSeries) {
+  CliRun run = Run({"seismic", test::SamplesDirectory() + "/SCPT-C12.SLG", "--gain", "25", "--trim-log", "3"});
+  ASSERT_EQ(run.status, 0) << run.err;
+  nlohmann::json j = nlohmann::json::parse(run.out);
+  EXPECT_EQ(j["family"], 4);
+  EXPECT_EQ(j["timeAxis"]["max"], 1.0);
+  EXPECT_EQ(j["log"]["seconds"], 3);
+  EXPECT_EQ(j["log"]["sampleCount"], 12000);
+  EXPECT_EQ(j["log"]["secondEnd"], nlohmann::json::parse("[4000, 8000, 12000]"));
+  EXPECT_EQ(j["log"]["hasGainLine"], -1);
+  EXPECT_EQ(j["log"]["gain"], 25.0);
+  EXPECT_EQ(j["tests"][0]["strikes"]["B"]["sampleCount"], 12000);
+  EXPECT_FALSE(j["tests"][0]["strikes"].contains("P"));
+
+  run = Run({"--yes", "seismic", test::SamplesDirectory() + "/SCPTD03_002"});
+  ASSERT_EQ(run.status, 0) << run.err;
+  j = nlohmann::json::parse(run.out);
+  EXPECT_EQ(j["family"], 2);
+  EXPECT_EQ(j["testCount"], 8);
+  EXPECT_EQ(j["amplitudeBias"], 0);
+  EXPECT_FALSE(j["header"].contains("FileVersionLine"));
+  EXPECT_EQ(j["header"]["TestId"], "SCPT-D03");
+  EXPECT_EQ(j["tests"][0]["file"], "SCPTD03_002");
+  EXPECT_EQ(j["tests"][7]["file"], "SCPTD03_008");
+  EXPECT_EQ(j["tests"][0]["arrivalKind"], 4);
+  EXPECT_EQ(j["tests"][0]["strikes"]["A"]["geophone"], -1);
+  EXPECT_NE(j["tests"][0]["strikes"]["A"]["mean"], 0.0);
+}
+
+TEST_F(CliSeismicTest, RefusalsAndBadUsage) {
+  CliRun run = Run({"seismic", Write("NOTES.SEI", "a note\n")});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(run.err, "! Marlview has encountered an error: Error #62: 'Input past end of file' from 'ReadSeiFile'\n");
+  run = Run({"--yes", "seismic", files_.File("SERIES9XY")});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err, "? LOAD ALL ASSOCIATED SEISMIC TESTS? -> Yes\n! ERROR: NO SEISMIC FILES FOUND\n");
+  const std::string file = SmallSei();
+  for (const std::vector<std::string>& bad :
+       {std::vector<std::string>{"seismic", file, "--pick", "4:A:3"}, {"seismic", file, "--pick", "1:P:3"},
+        {"seismic", file, "--pick", "1:A:21"}, {"seismic", file, "--trim-log", "1"}, {"seismic", file, "--gain", "10"},
+        {"seismic", file, "--arrival", "x:left"}, {"seismic", file, "--waves", "--velocities"},
+        {"seismic", file, "--remove-strikes", "P"}, {"seismic"}}) {
+    run = Run(bad);
+    EXPECT_EQ(run.status, 2) << bad.back();
+    EXPECT_EQ(run.out, "");
+    EXPECT_NE(run.err.find("usage: marlview-cli"), std::string::npos);
+  }
+  // Bad usage anywhere on the line applies nothing, not even the operations before it.
+  run = Run({"seismic", file, "--hammer-distance", "2", "--pick", "9:A:3"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_FALSE(FileExists(settings_.File("Hammer Distance.txt")));
+  // A message of an operation leaves the status alone.
+  run = Run({"seismic", file, "--trim", "-5", "--velocities"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "! Invalid time.\n");
+}
+
+}  // namespace
+}  // namespace marlview
