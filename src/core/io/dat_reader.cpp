@@ -13,6 +13,7 @@
 #include "core/common/text_rules.h"
 #include "core/derivation/artefacts.h"
 #include "core/derivation/derived_channels.h"
+#include "core/io/qrd_header.h"
 #include "core/model/catalogue.h"
 #include "core/model/conversion.h"
 
@@ -116,12 +117,6 @@ const SensorRule& IdentifySensor(std::string_view cell) {
 }
 
 }  // namespace
-
-std::string_view HeaderValue(std::string_view line) {
-  size_t arrow = line.find(" =>");
-  if (arrow == std::string_view::npos || arrow == 0) arrow = line.find("=>");
-  return arrow == std::string_view::npos ? line : line.substr(0, arrow);
-}
 
 namespace {
 
@@ -274,27 +269,7 @@ void DatReader::ReadOperatorAndCrew(std::string_view line) {
 
 // The pieces are split only when the line carries a hemisphere letter; others keep zeros.
 void DatReader::ReadGps(std::string_view line) {
-  const std::string_view gps = TrimRightBlanks(HeaderValue(line));
-  s_.GpsLine = std::string(gps);
-  std::string* pieces[] = {&s_.GpsLat, &s_.GpsLon, &s_.GpsElev, &s_.GpsNSat, &s_.GpsQual};
-  for (std::string* piece : pieces) piece->clear();
-  if ((ContainsNoCase(gps, "S") || ContainsNoCase(gps, "N")) && gps.find(',') != std::string_view::npos) {
-    std::string_view rest = gps;
-    for (int i = 0; i < 4; ++i) {
-      const size_t comma = rest.find(',');
-      if (comma == std::string_view::npos) {
-        *pieces[i] = std::string(TrimBlanks(rest));
-        rest = {};
-        break;
-      }
-      *pieces[i] = std::string(TrimBlanks(rest.substr(0, comma)));
-      rest = rest.substr(comma + 1);
-    }
-    *pieces[4] = std::string(TrimBlanks(rest));
-  }
-  for (std::string* piece : pieces) {
-    if (piece->empty()) *piece = "0";
-  }
+  s_.GpsLine = std::string(SplitQrdGps(line, {&s_.GpsLat, &s_.GpsLon, &s_.GpsElev, &s_.GpsNSat, &s_.GpsQual}));
 }
 
 //   Ball Dia mm 44 => Tip Configuration

@@ -11,10 +11,6 @@ namespace marlview {
 
 enum class ReadOutcome { kLoaded, kRefused };
 
-// The value of a QRD FIELDBOX "value => label" header line: what stands before " =>", or before
-// "=>" when " =>" is missing or opens the line; the whole line when there is no arrow.
-std::string_view HeaderValue(std::string_view line);
-
 // Reads a DAT sounding's bytes into store, which it resets first. path names the file for the
 // messages, for the "MUNSELL" test and for the colour probe's companion file. Questions go through
 // prompts. A file without the "Cone Penetrometer Test" line is refused with a message; a field that

@@ -6,7 +6,6 @@
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
-#include "core/io/dat_reader.h"
 #include "core/seismic/seismic_readers.h"
 #include "core/seismic/seismic_text.h"
 
@@ -17,20 +16,9 @@ constexpr int kDepthLine = 52;
 
 // Header fields of the first test; later tests keep their lines verbatim.
 void ReadFirstHeader(int n, std::string_view line, SeismicHeader& h) {
+  if (ReadQrdIdentityLine(n - 4, line, h, false)) return;
   switch (n) {
     case 1: h.FileSecondLine = std::string(line); break;
-    case 4: h.TestId = QrdValue(line); break;
-    case 5: ReadOperatorAndCrew(line, h, false); break;
-    case 6: h.Project = QrdValue(line); break;
-    case 7: h.Site = QrdValue(line); break;
-    case 8: h.Location = QrdValue(line); break;
-    case 9: h.Comments = QrdValue(line); break;
-    case 10: h.TestDate = QrdValue(line); break;
-    case 11: h.StartTime = QrdValue(line); break;
-    case 12: SplitQrdGps(line, h); break;
-    case 13: h.Client = QrdValue(line); break;
-    case 14: h.ClientRepresentative = QrdValue(line); break;
-    case 15: h.Weather = QrdValue(line); break;
     case 17: h.Version = std::string(line); break;
     case 19: h.DasSystem = QrdValue(line); break;
     case 21: h.ProbeSerial = QrdValue(line); break;

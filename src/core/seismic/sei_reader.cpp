@@ -5,7 +5,6 @@
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
-#include "core/io/dat_reader.h"
 #include "core/seismic/seismic_readers.h"
 #include "core/seismic/seismic_text.h"
 
@@ -25,21 +24,10 @@ void ReadHeader(ItemReader& lines, SeismicStore& s) {
   for (int n = 1; n <= kSeiHeaderLines; ++n) {
     const std::string_view line = lines.Line();
     s.HeaderLine(1, n - 1) = std::string(line);
+    if (ReadQrdIdentityLine(n - 5, line, h, false)) continue;
     switch (n) {
       case 1: h.FileVersionLine = std::string(line); break;
       case 2: h.FileSecondLine = std::string(line); break;
-      case 5: h.TestId = QrdValue(line); break;
-      case 6: ReadOperatorAndCrew(line, h, false); break;
-      case 7: h.Project = QrdValue(line); break;
-      case 8: h.Site = QrdValue(line); break;
-      case 9: h.Location = QrdValue(line); break;
-      case 10: h.Comments = QrdValue(line); break;
-      case 11: h.TestDate = QrdValue(line); break;
-      case 12: h.StartTime = QrdValue(line); break;
-      case 13: SplitQrdGps(line, h); break;
-      case 14: h.Client = QrdValue(line); break;
-      case 15: h.ClientRepresentative = QrdValue(line); break;
-      case 16: h.Weather = QrdValue(line); break;
       case 18: {
         const size_t arrow = line.find("=>");
         h.Version = arrow == std::string_view::npos || arrow == 0 ? std::string(line) : QrdValue(line);

@@ -2,10 +2,11 @@
 #include "core/seismic/seismic_text.h"
 
 #include <cmath>
+#include <iterator>
 
 #include "core/common/number_read.h"
 #include "core/common/text_rules.h"
-#include "core/io/dat_reader.h"
+#include "core/io/qrd_header.h"
 
 namespace marlview {
 
@@ -35,27 +36,19 @@ double FieldValue(std::string_view text, size_t pos, size_t width) {
   return digits == 0 ? 0.0 : static_cast<double>(value);
 }
 
-void SplitQrdGps(std::string_view line, SeismicHeader& header) {
-  const std::string_view gps = TrimRightBlanks(HeaderValue(line));
-  std::string* pieces[] = {&header.GpsLat, &header.GpsLon, &header.GpsElev, &header.GpsNSat, &header.GpsQual};
-  for (std::string* piece : pieces) piece->clear();
-  if ((ContainsNoCase(gps, "S") || ContainsNoCase(gps, "N")) && gps.find(',') != std::string_view::npos) {
-    std::string_view rest = gps;
-    for (int i = 0; i < 4; ++i) {
-      const size_t comma = rest.find(',');
-      if (comma == std::string_view::npos) {
-        *pieces[i] = std::string(TrimBlanks(rest));
-        rest = {};
-        break;
-      }
-      *pieces[i] = std::string(TrimBlanks(rest.substr(0, comma)));
-      rest = rest.substr(comma + 1);
-    }
-    *pieces[4] = std::string(TrimBlanks(rest));
+bool ReadQrdIdentityLine(int index, std::string_view line, SeismicHeader& h, bool log_style) {
+  std::string* const plain[] = {&h.TestId, nullptr,   &h.Project,   &h.Site,   &h.Location, &h.Comments,
+                                &h.TestDate, &h.StartTime, nullptr, &h.Client, &h.ClientRepresentative,
+                                &h.Weather};
+  if (index < 0 || index >= static_cast<int>(std::size(plain))) return false;
+  if (index == 1) {
+    ReadOperatorAndCrew(line, h, log_style);
+  } else if (index == 8) {
+    SplitQrdGps(line, {&h.GpsLat, &h.GpsLon, &h.GpsElev, &h.GpsNSat, &h.GpsQual});
+  } else {
+    *plain[index] = QrdValue(line);
   }
-  for (std::string* piece : pieces) {
-    if (piece->empty()) *piece = "0";
-  }
+  return true;
 }
 
 void SplitPxGps(std::string_view line, SeismicHeader& header) {

@@ -18,9 +18,10 @@ std::string CleanSampleText(std::string_view text, bool drop_strike_letters);
 // digit fields, which is what every sample is.
 double FieldValue(std::string_view text, size_t pos, size_t width);
 
-// QRD FIELDBOX: "49.2031N,122.9157W,4.2,9,2 => GPS Data" split when it holds a hemisphere letter
-// and a comma; every piece left empty becomes "0".
-void SplitQrdGps(std::string_view line, SeismicHeader& header);
+// The identity lines every QRD seismic file writes in the same order, from "T01 => Test ID"
+// (index 0) through the operator and crew, project, site, location, comments, date, start time,
+// GPS, client and client representative to the weather (index 11). False for any other index.
+bool ReadQrdIdentityLine(int index, std::string_view line, SeismicHeader& header, bool log_style);
 // PX DAS: an NMEA-like line; comma fields 2 and 3 are the latitude, 4 and 5 the longitude, 9 the
 // elevation.
 void SplitPxGps(std::string_view line, SeismicHeader& header);

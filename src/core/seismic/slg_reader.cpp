@@ -25,20 +25,9 @@ void ReadHeader(ItemReader& lines, SeismicStore& s) {
   for (int n = 2; n <= last; ++n) {
     const std::string_view line = lines.Line();
     s.HeaderLine(1, n - 1) = std::string(line);
+    if (ReadQrdIdentityLine(n - 5, line, h, true)) continue;
     switch (n) {
       case 2: h.FileSecondLine = std::string(line); break;
-      case 5: h.TestId = QrdValue(line); break;
-      case 6: ReadOperatorAndCrew(line, h, true); break;
-      case 7: h.Project = QrdValue(line); break;
-      case 8: h.Site = QrdValue(line); break;
-      case 9: h.Location = QrdValue(line); break;
-      case 10: h.Comments = QrdValue(line); break;
-      case 11: h.TestDate = QrdValue(line); break;
-      case 12: h.StartTime = QrdValue(line); break;
-      case 13: SplitQrdGps(line, h); break;
-      case 14: h.Client = QrdValue(line); break;
-      case 15: h.ClientRepresentative = QrdValue(line); break;
-      case 16: h.Weather = QrdValue(line); break;
       case 17: h.Version = std::string(line); break;
       case 18: h.DasSystem = QrdValue(line); break;
       case 20: h.ProbeSerial = QrdValue(line); break;

@@ -1,0 +1,22 @@
+// The "value => label" header lines the QRD FIELDBOX systems write at the top of every file they
+// leave: soundings, seismic tests and logs alike.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace marlview {
+
+// The value of a QRD FIELDBOX "value => label" header line: what stands before " =>", or before
+// "=>" when " =>" is missing or opens the line; the whole line when there is no arrow.
+std::string_view HeaderValue(std::string_view line);
+
+// The GPS pieces of "49.2031N,122.9157W,4.2,9,2 => GPS Data (Lat, Lon, Elev, NSat, Qual)": split at
+// the commas only when the value carries a hemisphere letter and a comma, the last piece taking
+// what remains; every piece left empty is "0". Returns the value itself.
+struct GpsPieces {
+  std::string *lat, *lon, *elev, *nsat, *qual;
+};
+std::string_view SplitQrdGps(std::string_view line, const GpsPieces& pieces);
+
+}  // namespace marlview
