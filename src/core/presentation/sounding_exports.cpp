@@ -101,9 +101,9 @@ std::vector<std::string> TextHeaderBlock(const Session& session, const ExportOpt
   std::vector<std::string> lines;
   if (o.raw) lines.push_back("DATA NOT ADJUSTED FOR CHANNEL OFFSETS");
   if (s.AcquisitionFamily == kPxDasFamily) {
-    lines = {"FILE: " + s.SoundingFileName, "TEST DATE / TIME: " + s.TestDateText, "LOCATION: " + s.LocationName,
-             "JOB #: " + s.JobNumber, "HOLE #: " + s.HoleNumber, "CUSTOMER: " + s.Customer,
-             "CONE ID: " + s.ConeId, "OPERATOR: " + s.OperatorName};
+    lines.insert(lines.end(), {"FILE: " + s.SoundingFileName, "TEST DATE / TIME: " + s.TestDateText,
+                               "LOCATION: " + s.LocationName, "JOB #: " + s.JobNumber, "HOLE #: " + s.HoleNumber,
+                               "CUSTOMER: " + s.Customer, "CONE ID: " + s.ConeId, "OPERATOR: " + s.OperatorName});
     lines.push_back(WaterTableLine(session, o, ": "));
     lines.push_back("GPS (Lat, Lon, Elev): " + s.GpsLat + ", " + s.GpsLon + ", " + s.GpsElev);
   } else {
