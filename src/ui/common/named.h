@@ -3,6 +3,7 @@
 
 #include <QAction>
 #include <QBoxLayout>
+#include <QDialog>
 #include <QMenu>
 #include <QPushButton>
 #include <QString>
@@ -25,6 +26,16 @@ inline QPushButton* NamedButton(QBoxLayout* row, QWidget* parent, const char* na
   auto* button = Named(new QPushButton(caption, parent), name);
   row->addWidget(button);
   return button;
+}
+
+// The row of OK and CANCEL that ends a dialog: OK is the default button, CANCEL rejects the dialog.
+inline QHBoxLayout* OkCancelRow(QDialog* dialog, QPushButton*& ok, QPushButton*& cancel) {
+  auto* row = new QHBoxLayout;
+  ok = NamedButton(row, dialog, "cmdOK", "OK");
+  cancel = NamedButton(row, dialog, "cmdCancel", "CANCEL");
+  ok->setDefault(true);
+  QObject::connect(cancel, &QPushButton::clicked, dialog, &QDialog::reject);
+  return row;
 }
 
 }  // namespace marlview

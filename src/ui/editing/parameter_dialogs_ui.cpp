@@ -26,15 +26,10 @@ FrmChangeWaterTableDepth::FrmChangeWaterTableDepth(Session& session, UserPrompts
   layout->addWidget(txtWaterTableDepth, 0, 1);
   lblDepthUnits = Named(new QLabel(session_.DepthUnitIsMetric == 1 ? "(m)" : "(ft)", this), "lblDepthUnits");
   layout->addWidget(lblDepthUnits, 0, 2);
-  auto* buttons = new QHBoxLayout;
-  cmdOK = Named(new QPushButton("OK", this), "cmdOK");
+  QHBoxLayout* buttons = OkCancelRow(this, cmdOK, cmdCancel);
   cmdUndefined = Named(new QPushButton("UNDEFINED", this), "cmdUndefined");
-  cmdCancel = Named(new QPushButton("CANCEL", this), "cmdCancel");
-  buttons->addWidget(cmdOK);
-  buttons->addWidget(cmdUndefined);
-  buttons->addWidget(cmdCancel);
+  buttons->insertWidget(1, cmdUndefined);
   layout->addLayout(buttons, 1, 0, 1, 3);
-  cmdOK->setDefault(true);
 
   connect(cmdOK, &QPushButton::clicked, this, [this] {
     bool changed = false;
@@ -51,8 +46,6 @@ FrmChangeWaterTableDepth::FrmChangeWaterTableDepth(Session& session, UserPrompts
     });
     if (changed) accept();
   });
-  connect(cmdCancel, &QPushButton::clicked, this,
-          [this] { RunGuarded(prompts_, "cmdCancel_Click", [&] { reject(); }); });
 }
 
 FrmWetDensity::FrmWetDensity(Session& session, UserPrompts& prompts, QWidget* parent)
@@ -65,13 +58,7 @@ FrmWetDensity::FrmWetDensity(Session& session, UserPrompts& prompts, QWidget* pa
   layout->addWidget(txtWetDensity, 0, 1);
   lblWetDensityUnits = Named(new QLabel(ToQString(WetDensityUnitText(session_)), this), "lblWetDensityUnits");
   layout->addWidget(lblWetDensityUnits, 0, 2);
-  auto* buttons = new QHBoxLayout;
-  cmdOK = Named(new QPushButton("OK", this), "cmdOK");
-  cmdCancel = Named(new QPushButton("CANCEL", this), "cmdCancel");
-  buttons->addWidget(cmdOK);
-  buttons->addWidget(cmdCancel);
-  layout->addLayout(buttons, 1, 0, 1, 3);
-  cmdOK->setDefault(true);
+  layout->addLayout(OkCancelRow(this, cmdOK, cmdCancel), 1, 0, 1, 3);
 
   connect(cmdOK, &QPushButton::clicked, this, [this] {
     bool changed = false;
@@ -79,8 +66,6 @@ FrmWetDensity::FrmWetDensity(Session& session, UserPrompts& prompts, QWidget* pa
                [&] { changed = ChangeWetDensity(session_, txtWetDensity->text().toStdString(), prompts_); });
     if (changed) accept();
   });
-  connect(cmdCancel, &QPushButton::clicked, this,
-          [this] { RunGuarded(prompts_, "cmdCancel_Click", [&] { reject(); }); });
 }
 
 }  // namespace marlview

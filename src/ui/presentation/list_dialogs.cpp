@@ -23,17 +23,6 @@ namespace {
 constexpr int kNarrowestOffered = 8;
 constexpr int kWidestOffered = 40;
 
-QHBoxLayout* OkCancelRow(QDialog* dialog, QPushButton*& ok, QPushButton*& cancel) {
-  auto* row = new QHBoxLayout;
-  ok = Named(new QPushButton("OK", dialog), "cmdOK");
-  cancel = Named(new QPushButton("CANCEL", dialog), "cmdCancel");
-  ok->setDefault(true);
-  row->addWidget(ok);
-  row->addWidget(cancel);
-  QObject::connect(cancel, &QPushButton::clicked, dialog, &QDialog::reject);
-  return row;
-}
-
 }  // namespace
 
 FrmColumnWidths::FrmColumnWidths(Session& session, UserPrompts& prompts, QWidget* parent)

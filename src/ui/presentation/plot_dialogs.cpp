@@ -48,13 +48,7 @@ FrmComments::FrmComments(PlotState& plot, const Session& session, UserPrompts& p
   layout->addWidget(new QLabel(plot_.DepthUnit == 1 ? "DEPTH (m)" : "DEPTH (ft)", this), 1, 0);
   txtDepth = Named(new QLineEdit(this), "txtDepth");
   layout->addWidget(txtDepth, 1, 1);
-  auto* buttons = new QHBoxLayout;
-  cmdOK = Named(new QPushButton("OK", this), "cmdOK");
-  cmdCancel = Named(new QPushButton("CANCEL", this), "cmdCancel");
-  buttons->addWidget(cmdOK);
-  buttons->addWidget(cmdCancel);
-  layout->addLayout(buttons, 2, 0, 1, 2);
-  cmdOK->setDefault(true);
+  layout->addLayout(OkCancelRow(this, cmdOK, cmdCancel), 2, 0, 1, 2);
 
   connect(cmdOK, &QPushButton::clicked, this, [this] {
     bool added = false;
@@ -64,8 +58,6 @@ FrmComments::FrmComments(PlotState& plot, const Session& session, UserPrompts& p
     });
     if (added) accept();
   });
-  connect(cmdCancel, &QPushButton::clicked, this,
-          [this] { RunGuarded(prompts_, "cmdCancel_Click", [&] { reject(); }); });
 }
 
 FrmScaleSounding::FrmScaleSounding(PlotState& plot, const Session& session, UserPrompts& prompts,

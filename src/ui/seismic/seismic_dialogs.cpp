@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
+#include <functional>
 
 #include "core/common/number_format.h"
 #include "core/common/number_read.h"
@@ -34,8 +35,20 @@ QLineEdit* Field(QWidget* parent, QFormLayout* form, const char* name, const QSt
 
 std::string Text(const QLineEdit* field) { return field->text().toStdString(); }
 
-// A text box's time, "Invalid time." territory when it holds no number.
-double Milliseconds(const QLineEdit* field) { return LenientNumber(Text(field)); }
+// The trim dialogs' one time box in mS with OK and CANCEL; OK closes the dialog once trim takes the
+// time. A box without a number reads 0, which the trim refuses as "Invalid time.".
+QLineEdit* TrimTimeBox(QDialog* dialog, UserPrompts& prompts, const char* name, double initial_ms,
+                       std::function<bool(double)> trim, QPushButton*& ok, QPushButton*& cancel) {
+  auto* form = new QFormLayout(dialog);
+  QLineEdit* box = Field(dialog, form, name, "TRIM TIME (mS)", ToQString(FormatNumber(initial_ms, "####0.##")));
+  form->addRow(OkCancelRow(dialog, ok, cancel));
+  QObject::connect(ok, &QPushButton::clicked, dialog, [dialog, &prompts, box, trim = std::move(trim)] {
+    RunGuarded(prompts, "cmdOK_Click", [&] {
+      if (trim(LenientNumber(Text(box)))) dialog->accept();
+    });
+  });
+  return box;
+}
 
 }  // namespace
 
@@ -102,37 +115,16 @@ FrmTrimSeismicGraphs::FrmTrimSeismicGraphs(SeismicController& controller, UserPr
     : QDialog(parent) {
   setObjectName("frmTrimSeismicGraphs");
   setWindowTitle("TRIM GRAPHS");
-  auto* form = new QFormLayout(this);
-  txtTrimTime = Field(this, form, "txtTrimTime", "TRIM TIME (mS)",
-                      ToQString(FormatNumber(controller.View().SeismicTimeAxisMax, "####0.##")));
-  auto* row = new QHBoxLayout;
-  cmdOK = NamedButton(row, this, "cmdOK", "OK");
-  cmdCancel = NamedButton(row, this, "cmdCancel", "CANCEL");
-  form->addRow(row);
-  connect(cmdOK, &QPushButton::clicked, this, [this, &controller, &prompts] {
-    RunGuarded(prompts, "cmdOK_Click", [&] {
-      if (controller.TrimAll(Milliseconds(txtTrimTime))) accept();
-    });
-  });
-  connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+  txtTrimTime = TrimTimeBox(this, prompts, "txtTrimTime", controller.View().SeismicTimeAxisMax,
+                            [&controller](double ms) { return controller.TrimAll(ms); }, cmdOK, cmdCancel);
 }
 
 FrmTrimSeismicGraph::FrmTrimSeismicGraph(SeismicController& controller, UserPrompts& prompts, QWidget* parent)
     : QDialog(parent) {
   setObjectName("frmTrimSeismicGraph");
   setWindowTitle("TRIM STRIKE");
-  auto* form = new QFormLayout(this);
-  Text12 = Field(this, form, "Text12", "TRIM TIME (mS)", ToQString(FormatNumber(controller.TrimShownTestDefault(), "####0.##")));
-  auto* row = new QHBoxLayout;
-  cmdOK = NamedButton(row, this, "cmdOK", "OK");
-  cmdCancel = NamedButton(row, this, "cmdCancel", "CANCEL");
-  form->addRow(row);
-  connect(cmdOK, &QPushButton::clicked, this, [this, &controller, &prompts] {
-    RunGuarded(prompts, "cmdOK_Click", [&] {
-      if (controller.TrimShownTest(Milliseconds(Text12))) accept();
-    });
-  });
-  connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+  Text12 = TrimTimeBox(this, prompts, "Text12", controller.TrimShownTestDefault(),
+                       [&controller](double ms) { return controller.TrimShownTest(ms); }, cmdOK, cmdCancel);
 }
 
 FrmTrimSeismicLog::FrmTrimSeismicLog(SeismicController& controller, UserPrompts& prompts, QWidget* parent)
@@ -227,16 +219,12 @@ FrmAdjustSeismicDepth::FrmAdjustSeismicDepth(SeismicController& controller, User
   auto* form = new QFormLayout(this);
   txtMeasuredDepth = Field(this, form, "txtMeasuredDepth", "MEASURED DEPTH " + unit, "0");
   txtTotalDepth = Field(this, form, "txtTotalDepth", "OBSERVED DEPTH " + unit, "0");
-  auto* row = new QHBoxLayout;
-  cmdOK = NamedButton(row, this, "cmdOK", "OK");
-  cmdCancel = NamedButton(row, this, "cmdCancel", "CANCEL");
-  form->addRow(row);
+  form->addRow(OkCancelRow(this, cmdOK, cmdCancel));
   connect(cmdOK, &QPushButton::clicked, this, [this, &controller, &prompts] {
     RunGuarded(prompts, "cmdOK_Click", [&] {
       if (controller.AdjustDepth(Text(txtMeasuredDepth), Text(txtTotalDepth))) accept();
     });
   });
-  connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 FrmSeismicChangeDepth::FrmSeismicChangeDepth(SeismicController& controller, UserPrompts& prompts, QWidget* parent)
@@ -257,16 +245,12 @@ FrmSeismicChangeDepth::FrmSeismicChangeDepth(SeismicController& controller, User
                                           : QString());
   form->addRow(lblGreaterThan);
   form->addRow(lblLessThan);
-  auto* row = new QHBoxLayout;
-  cmdOK = NamedButton(row, this, "cmdOK", "OK");
-  cmdCancel = NamedButton(row, this, "cmdCancel", "CANCEL");
-  form->addRow(row);
+  form->addRow(OkCancelRow(this, cmdOK, cmdCancel));
   connect(cmdOK, &QPushButton::clicked, this, [this, &controller, &prompts] {
     RunGuarded(prompts, "cmdOK_Click", [&] {
       if (controller.ChangeDepth(Text(txtNewDepth))) accept();
     });
   });
-  connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 }  // namespace marlview
