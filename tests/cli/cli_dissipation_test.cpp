@@ -5,31 +5,18 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "app/cli_commands.h"
+#include "cli/cli_fixture.h"
 #include "core/common/file_access.h"
 #include "support/test_support.h"
 
 namespace marlview {
 namespace {
 
-struct CliRun {
-  int status;
-  std::string out;
-  std::string err;
-};
+using test::CliRun;
 
-class CliDissipationTest : public ::testing::Test {
+class CliDissipationTest : public test::CliFixture {
  protected:
-  CliRun Run(std::vector<std::string> args) {
-    args.insert(args.begin(), {"--data-dir", settings_.Path()});
-    std::ostringstream out, err;
-    const int status = RunCli(args, out, err);
-    return {status, out.str(), err.str()};
-  }
   static std::string Sample(const std::string& name) { return test::SamplesDirectory() + "/" + name; }
-
-  test::TempDirectory settings_;
-  test::TempDirectory files_;
 };
 
 TEST_F(CliDissipationTest, InformationOfEachKind) {

@@ -5,7 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "app/cli_commands.h"
+#include "cli/cli_fixture.h"
 #include "core/common/file_access.h"
 #include "seismic/seismic_files.h"
 #include "support/test_support.h"
@@ -13,24 +13,10 @@
 namespace marlview {
 namespace {
 
-struct CliRun {
-  int status;
-  std::string out;
-  std::string err;
-};
+using test::CliRun;
 
-class CliSeismicTest : public ::testing::Test {
+class CliSeismicTest : public test::CliFixture {
  protected:
-  CliRun Run(std::vector<std::string> args) {
-    args.insert(args.begin(), {"--data-dir", settings_.Path()});
-    std::ostringstream out, err;
-    const int status = RunCli(args, out, err);
-    return {status, out.str(), err.str()};
-  }
-  std::string Write(const std::string& name, const std::string& bytes) {
-    files_.Write(name, bytes);
-    return files_.File(name);
-  }
   // Three tests at 2, 3 and 4 m with a ramp on A and B; picks on A from the file.
   std::string SmallSei() {
     std::vector<test::SeiRecord> records;
@@ -44,9 +30,6 @@ class CliSeismicTest : public ::testing::Test {
     }
     return Write("SMALL.SEI", test::SeiFile(records));
   }
-
-  test::TempDirectory settings_;
-  test::TempDirectory files_;
 };
 
 TEST_F(CliSeismicTest, JsonViewOfASmallSounding) {

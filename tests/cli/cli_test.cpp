@@ -4,7 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "app/cli_commands.h"
+#include "cli/cli_fixture.h"
 #include "core/common/file_access.h"
 #include "core/model/catalogue.h"
 #include "support/test_support.h"
@@ -12,14 +12,9 @@
 namespace marlview {
 namespace {
 
+using test::CliRun;
 using test::DatFile;
 using test::SimpleDat;
-
-struct CliRun {
-  int status;
-  std::string out;
-  std::string err;
-};
 
 std::vector<std::string> Lines(const std::string& text) {
   std::vector<std::string> lines;
@@ -28,22 +23,7 @@ std::vector<std::string> Lines(const std::string& text) {
   return lines;
 }
 
-class CliTest : public ::testing::Test {
- protected:
-  CliRun Run(std::vector<std::string> args) {
-    args.insert(args.begin(), {"--data-dir", settings_.Path()});
-    std::ostringstream out, err;
-    const int status = RunCli(args, out, err);
-    return {status, out.str(), err.str()};
-  }
-  std::string Write(const std::string& name, const std::string& bytes) {
-    files_.Write(name, bytes);
-    return files_.File(name);
-  }
-
-  test::TempDirectory settings_;
-  test::TempDirectory files_;
-};
+using CliTest = test::CliFixture;
 
 TEST_F(CliTest, InfoPrintsTheWholeSounding) {
   const CliRun run = Run({"info", Write("SMALL.DAT", SimpleDat(3).Bytes())});

@@ -7,13 +7,13 @@
 #include <QCheckBox>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QStyleOptionButton>
 #include <QTableWidget>
 #include <QTimer>
 #include <QtTest>
 #include <memory>
 
 #include "core/common/file_access.h"
+#include "support/qt_test_support.h"
 #include "support/test_support.h"
 #include "ui/shell/form1.h"
 
@@ -27,12 +27,7 @@ class EcpWindowTest : public QObject {
   // Opens CPT-A01 and its ECP window.
   FrmSoundingECPData* OpenEcp() {
     t_->prompts.Script({marlview::test::SamplesDirectory() + "/CPT-A01.DAT"});
-    QRadioButton* option = form_->optProcessSounding;  // takes a click on its circle or caption only
-    QStyleOptionButton style;
-    style.initFrom(option);
-    style.text = option->text();
-    QTest::mouseClick(option, Qt::LeftButton, {},
-                      option->style()->subElementRect(QStyle::SE_RadioButtonClickRect, &style, option).center());
+    marlview::test::ClickOption(form_->optProcessSounding);
     t_->prompts.ClearLog();
     QTest::mouseClick(form_->cmdListECP, Qt::LeftButton);
     FrmSoundingECPData* window = form_->EcpWindow();
@@ -80,9 +75,7 @@ class EcpWindowTest : public QObject {
   void templateDialogGivesTheOrderedView() {
     FrmSoundingECPData* window = OpenEcp();
     const int fixed = window->grdData->columnCount();
-    QTimer::singleShot(0, this, [] {
-      auto* dialog = qobject_cast<FrmSetOrderedECPTemplate*>(QApplication::activeModalWidget());
-      if (dialog == nullptr) qFatal("no template dialog");
+    marlview::test::AnswerModal<FrmSetOrderedECPTemplate>(this, [](FrmSetOrderedECPTemplate* dialog) {
       QCOMPARE(dialog->findChildren<QCheckBox*>("chkChannel").size(), static_cast<qsizetype>(dialog->chkChannel.size()));
       dialog->chkChannel[2]->setChecked(true);
       dialog->chkChannel[0]->setChecked(true);

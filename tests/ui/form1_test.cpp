@@ -9,13 +9,13 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QStyleOptionButton>
 #include <QtTest>
 #include <memory>
 
 #include "core/common/file_access.h"
 #include "ui/common/qt_prompts.h"
 #include "ui/presentation/form4.h"
+#include "support/qt_test_support.h"
 #include "support/test_support.h"
 
 using marlview::Form1;
@@ -46,31 +46,14 @@ class Form1Test : public QObject {
     if (control == nullptr) qFatal("no control %s", name);
     return control;
   }
-  QStringList Log() const {
-    QStringList log;
-    for (const auto& line : t_->prompts.Log()) log << Q(line);
-    return log;
-  }
-  // A radio button takes a click on its circle or its caption only, not on the rest of its width.
-  void ClickOption(const char* name) {
-    auto* option = Control<QRadioButton>(name);
-    QStyleOptionButton style;
-    style.initFrom(option);
-    style.text = option->text();
-    const QRect hit = option->style()->subElementRect(QStyle::SE_RadioButtonClickRect, &style, option);
-    QTest::mouseClick(option, Qt::LeftButton, {}, hit.center());
-  }
+  QStringList Log() const { return marlview::test::LogOf(t_->prompts); }
+  void ClickOption(const char* name) { marlview::test::ClickOption(Control<QRadioButton>(name)); }
   // Chooses the sounding option with the open dialog answered by path.
   void Open(const std::string& path) {
     t_->prompts.Script({path});
     ClickOption("optProcessSounding");
   }
-  void ClickRow(int row) {
-    auto* list = Control<QListWidget>("lstAvailableChannels");
-    QListWidgetItem* item = list->item(row);
-    list->scrollToItem(item);
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(item).center());
-  }
+  void ClickRow(int row) { marlview::test::ClickRow(Control<QListWidget>("lstAvailableChannels"), row); }
   bool OnOptions() {
     return Control<QGroupBox>("frmSelectTestType")->isVisible() &&
            !Control<QGroupBox>("frmSelectSoundingChannels")->isVisible();

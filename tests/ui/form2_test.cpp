@@ -11,12 +11,12 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QStyleOptionButton>
 #include <QTimer>
 #include <QtTest>
 #include <memory>
 
 #include "core/common/file_access.h"
+#include "support/qt_test_support.h"
 #include "support/test_support.h"
 #include "ui/dissipation/dissipation_panel.h"
 #include "ui/dissipation/frm_scale_dissipation.h"
@@ -32,25 +32,13 @@ class Form2Test : public QObject {
   Q_OBJECT
 
  private:
-  QStringList Log() const {
-    QStringList log;
-    for (const auto& line : t_->prompts.Log()) log << QString::fromStdString(line);
-    return log;
-  }
-  void ClickOption(QRadioButton* option) {
-    QStyleOptionButton style;
-    style.initFrom(option);
-    style.text = option->text();
-    const QRect hit = option->style()->subElementRect(QStyle::SE_RadioButtonClickRect, &style, option);
-    QTest::mouseClick(option, Qt::LeftButton, {}, hit.center());
-  }
+  QStringList Log() const { return marlview::test::LogOf(t_->prompts); }
   void OpenFile(const std::string& path) {
     t_->prompts.Script({path});
-    ClickOption(form_->optProcessDissipations);
+    marlview::test::ClickOption(form_->optProcessDissipations);
   }
   void SelectRow(int row) {
-    QListWidget* list = form_->frmDissipations->lstAvailableDissipations;
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row)).center());
+    marlview::test::ClickRow(form_->frmDissipations->lstAvailableDissipations, row);
   }
   // Opens the FIELDBOX demo, selects the given rows and plots them; the window is drawn once.
   Form2* OpenPlot(std::initializer_list<int> rows) {
@@ -66,11 +54,7 @@ class Form2Test : public QObject {
   // Runs the modal dialog that action opens, with fill applied to it once it shows.
   template <typename Dialog>
   void WithDialog(QAction* action, std::function<void(Dialog*)> fill) {
-    QTimer::singleShot(0, this, [fill] {
-      auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-      if (dialog == nullptr) qFatal("no dialog");
-      fill(dialog);
-    });
+    marlview::test::AnswerModal<Dialog>(this, std::move(fill));
     action->trigger();
   }
   marlview::Session& S() { return *t_->session; }

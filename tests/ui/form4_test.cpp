@@ -11,12 +11,12 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QStyleOptionButton>
 #include <QtTest>
 #include <memory>
 #include <optional>
 
 #include "core/common/file_access.h"
+#include "support/qt_test_support.h"
 #include "support/test_support.h"
 #include "ui/editing/parameter_dialogs_ui.h"
 #include "ui/presentation/plot_dialogs.h"
@@ -39,24 +39,13 @@ class Form4Test : public QObject {
   Q_OBJECT
 
  private:
-  QStringList Log() const {
-    QStringList log;
-    for (const auto& line : t_->prompts.Log()) log << QString::fromStdString(line);
-    return log;
-  }
+  QStringList Log() const { return marlview::test::LogOf(t_->prompts); }
   // Opens CPT-A01 and plots its tip resistance and pore pressure; the window is drawn once.
   Form4* OpenPlot() {
     t_->prompts.Script({marlview::test::SamplesDirectory() + "/CPT-A01.DAT"});
-    QRadioButton* option = form_->optProcessSounding;  // takes a click on its circle or caption only
-    QStyleOptionButton style;
-    style.initFrom(option);
-    style.text = option->text();
-    const QRect hit = option->style()->subElementRect(QStyle::SE_RadioButtonClickRect, &style, option);
-    QTest::mouseClick(option, Qt::LeftButton, {}, hit.center());
+    marlview::test::ClickOption(form_->optProcessSounding);
     QListWidget* list = form_->lstAvailableChannels;
-    for (int row : {0, 3}) {
-      QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row)).center());
-    }
+    for (int row : {0, 3}) marlview::test::ClickRow(list, row);
     t_->prompts.ClearLog();
     QTest::mouseClick(form_->cmdPlotSounding, Qt::LeftButton);
     Form4* plot = form_->PlotWindow();

@@ -10,13 +10,13 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
-#include <QStyleOptionButton>
 #include <QTimer>
 #include <QtTest>
 #include <memory>
 
 #include "core/common/file_access.h"
 #include "core/common/number_format.h"
+#include "support/qt_test_support.h"
 #include "support/test_support.h"
 #include "ui/seismic/frm_enlarged_seismic_graph.h"
 #include "ui/seismic/seismic_dialogs.h"
@@ -30,19 +30,8 @@ class SeismicWindowsTest : public QObject {
   Q_OBJECT
 
  private:
-  QStringList Log() const {
-    QStringList log;
-    for (const auto& line : t_->prompts.Log()) log << QString::fromStdString(line);
-    return log;
-  }
-  void ClickSeismicOption() {
-    QRadioButton* option = form_->optProcessSeismic;
-    QStyleOptionButton style;
-    style.initFrom(option);
-    style.text = option->text();
-    const QRect hit = option->style()->subElementRect(QStyle::SE_RadioButtonClickRect, &style, option);
-    QTest::mouseClick(option, Qt::LeftButton, {}, hit.center());
-  }
+  QStringList Log() const { return marlview::test::LogOf(t_->prompts); }
+  void ClickSeismicOption() { marlview::test::ClickOption(form_->optProcessSeismic); }
   Seisform* OpenSample(const std::string& name) {
     t_->prompts.Script({marlview::test::SamplesDirectory() + "/" + name});
     ClickSeismicOption();

@@ -9,12 +9,12 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QStyleOptionButton>
 #include <QTableWidget>
 #include <QtTest>
 #include <memory>
 
 #include "core/common/file_access.h"
+#include "support/qt_test_support.h"
 #include "support/test_support.h"
 #include "ui/presentation/list_dialogs.h"
 #include "ui/shell/form1.h"
@@ -28,17 +28,12 @@ class SoundingDataTest : public QObject {
   // Opens CPT-A01 and lists its tip resistance and 1990 zone (normalised tip).
   FrmSoundingData* OpenList() {
     t_->prompts.Script({marlview::test::SamplesDirectory() + "/CPT-A01.DAT"});
-    QRadioButton* option = form_->optProcessSounding;  // takes a click on its circle or caption only
-    QStyleOptionButton style;
-    style.initFrom(option);
-    style.text = option->text();
-    QTest::mouseClick(option, Qt::LeftButton, {},
-                      option->style()->subElementRect(QStyle::SE_RadioButtonClickRect, &style, option).center());
+    marlview::test::ClickOption(form_->optProcessSounding);
     QListWidget* list = form_->lstAvailableChannels;
     for (const char* name : {"Tip Resistance (Qc)", "SBT(QT)(1990)*"}) {
       const auto found = list->findItems(name, Qt::MatchExactly);
       if (found.isEmpty()) qFatal("no channel %s", name);
-      QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(found[0]).center());
+      marlview::test::ClickRow(list, list->row(found[0]));
     }
     t_->prompts.ClearLog();
     QTest::mouseClick(form_->cmdListSounding, Qt::LeftButton);
@@ -46,21 +41,8 @@ class SoundingDataTest : public QObject {
     if (window == nullptr || !QTest::qWaitForWindowExposed(window)) qFatal("no list window");
     return window;
   }
-  // Answers the next modal dialog of the given kind as soon as it shows.
-  template <typename Dialog, typename Act>
-  void Answer(Act act) {
-    QTimer::singleShot(0, this, [act] {
-      auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-      if (dialog == nullptr) qFatal("the dialog did not show");
-      act(dialog);
-    });
-  }
   QString Cell(FrmSoundingData* window, int row, int column) { return window->grdData->item(row, column)->text(); }
-  QStringList Log() const {
-    QStringList log;
-    for (const auto& line : t_->prompts.Log()) log << QString::fromStdString(line);
-    return log;
-  }
+  QStringList Log() const { return marlview::test::LogOf(t_->prompts); }
 
   std::unique_ptr<marlview::test::TestSession> t_;
   std::unique_ptr<marlview::Form1> form_;
@@ -104,7 +86,7 @@ class SoundingDataTest : public QObject {
     QVERIFY(window->mnuAdjustedForOffsetElev->isChecked() && !window->mnuAdjustedForOffsetDepth->isChecked());
     window->mnuRawData->trigger();
     QVERIFY(window->mnuRawData->isChecked() && !window->mnuAdjustedForOffsetElev->isChecked());
-    Answer<marlview::FrmNormalizeDepthIntervalDisplayOnly>([](auto* dialog) {
+    marlview::test::AnswerModal<marlview::FrmNormalizeDepthIntervalDisplayOnly>(this, [](auto* dialog) {
       dialog->txtInterval->setText("a hundred");
       QTest::mouseClick(dialog->cmdOK, Qt::LeftButton);  // refused, the dialog stays
       dialog->txtInterval->setText("100");
@@ -115,7 +97,7 @@ class SoundingDataTest : public QObject {
     QCOMPARE(Log(), QStringList{"! Please enter a valid interval"});
     QVERIFY(t_->session->Sounding().ReadingCount == 1250);
 
-    Answer<marlview::FrmColumnWidths>([](auto* dialog) {
+    marlview::test::AnswerModal<marlview::FrmColumnWidths>(this, [](auto* dialog) {
       dialog->cmbColumnWidth->setCurrentText("12");
       QTest::mouseClick(dialog->cmdOK, Qt::LeftButton);
     });

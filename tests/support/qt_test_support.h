@@ -1,0 +1,50 @@
+// What the window tests do alike: clicking option buttons and list rows as a user does, reading the
+// scripted prompts' log, and answering a modal dialog once it shows.
+#pragma once
+
+#include <QApplication>
+#include <QListWidget>
+#include <QRadioButton>
+#include <QStringList>
+#include <QStyleOptionButton>
+#include <QTimer>
+#include <QtTest>
+#include <functional>
+
+#include "core/common/user_prompts.h"
+
+namespace marlview::test {
+
+// A radio button takes a click on its circle or its caption only, not on the rest of its width.
+inline void ClickOption(QRadioButton* option) {
+  QStyleOptionButton style;
+  style.initFrom(option);
+  style.text = option->text();
+  const QRect hit = option->style()->subElementRect(QStyle::SE_RadioButtonClickRect, &style, option);
+  QTest::mouseClick(option, Qt::LeftButton, {}, hit.center());
+}
+
+inline void ClickRow(QListWidget* list, int row) {
+  QListWidgetItem* item = list->item(row);
+  list->scrollToItem(item);
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(item).center());
+}
+
+inline QStringList LogOf(const ScriptedPrompts& prompts) {
+  QStringList log;
+  for (const auto& line : prompts.Log()) log << QString::fromStdString(line);
+  return log;
+}
+
+// Applies act to the next modal dialog of the given kind as soon as it shows; the test stops when
+// no such dialog comes.
+template <typename Dialog>
+void AnswerModal(QObject* context, std::function<void(Dialog*)> act) {
+  QTimer::singleShot(0, context, [act = std::move(act)] {
+    auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr) qFatal("the dialog did not show");
+    act(dialog);
+  });
+}
+
+}  // namespace marlview::test
