@@ -1,6 +1,8 @@
 // The scripted prompts used by tests and headless runs.
 #include "core/common/user_prompts.h"
 
+#include "core/common/runtime_failure.h"
+
 #include <stdexcept>
 
 namespace marlview {
@@ -76,6 +78,16 @@ std::vector<std::string> ScriptedPrompts::Texts() const {
     if (line.starts_with("! ") || line.starts_with("? ")) texts.push_back(line);
   }
   return texts;
+}
+
+bool TellFailures(UserPrompts& prompts, std::string_view source, const std::function<void()>& body) {
+  try {
+    InProcedure(source, body);
+    return true;
+  } catch (const RuntimeFailure& failure) {
+    prompts.Tell(GeneralErrorText(failure));
+    return false;
+  }
 }
 
 }  // namespace marlview

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -68,5 +69,10 @@ class ScriptedPrompts : public UserPrompts {
   std::vector<std::string> log_;
   FileDialogRequest last_request_;
 };
+
+// Runs body as the procedure source. A run-time failure is told in the general error text, with
+// source standing for the procedure when the failure names none, and gives false: the program goes
+// on, usable, from where the user started the action.
+bool TellFailures(UserPrompts& prompts, std::string_view source, const std::function<void()>& body);
 
 }  // namespace marlview

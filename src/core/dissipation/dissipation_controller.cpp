@@ -32,14 +32,9 @@ bool DissipationController::OpenDissipationFile() {
   if (DirectoryExists(session_.DissipationDirectory)) request.start_directory = session_.DissipationDirectory;
   const std::string path = prompts_.OpenFile(request);
   if (path.empty()) return false;
-  try {
-    if (!OpenDissipationPath(session_, prompts_, path)) return false;
-  } catch (const RuntimeFailure& failure) {
-    RuntimeFailure stamped = failure;
-    if (stamped.source.empty()) stamped.source = "OpenDissipationFile";
-    prompts_.Tell(GeneralErrorText(stamped));
-    return false;
-  }
+  bool opened = false;
+  TellFailures(prompts_, "OpenDissipationFile", [&] { opened = OpenDissipationPath(session_, prompts_, path); });
+  if (!opened) return false;
   selected_.clear();
   Refill();
   view_.frame_visible = true;

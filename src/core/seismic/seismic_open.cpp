@@ -50,33 +50,30 @@ SeismicOpenOutcome OpenSeismicPath(Session& session, UserPrompts& prompts, const
                        : family == kSeiFamily ? "ReadSeiFile"
                        : family == kSlgFamily ? "ReadSlgFile"
                                               : "ReadFldacqFiles";
-  try {
-    const SeismicOpenOutcome outcome = InProcedure(source, [&] {
-      if (family == kFldacqFamily) {
-        std::vector<std::string> names{path};
-        if (prompts.Ask("LOAD ALL ASSOCIATED SEISMIC TESTS?", Buttons::kYesNo) == Answer::kYes) {
-          names = FldacqSeries(path);
-        }
-        if (names.empty()) {
-          prompts.Tell("ERROR: NO SEISMIC FILES FOUND");
-          return SeismicOpenOutcome::kRefused;
-        }
-        std::vector<FldacqFile> files;
-        for (const std::string& name : names) files.push_back({name, ReadWholeFile(name)});
-        if (!ReadFldacqFiles(files, title, session.FeetPerMetre, spare, prompts)) return SeismicOpenOutcome::kRefused;
-      } else {
-        const std::string bytes = ReadWholeFile(path);
-        if (family == kSmcFamily) ReadSmcFile(bytes, path, title, spare);
-        if (family == kSeiFamily) ReadSeiFile(bytes, path, title, spare);
-        if (family == kSlgFamily) ReadSlgFile(bytes, path, title, spare);
+  SeismicOpenOutcome outcome = SeismicOpenOutcome::kRefused;
+  const auto read = [&] {
+    if (family == kFldacqFamily) {
+      std::vector<std::string> names{path};
+      if (prompts.Ask("LOAD ALL ASSOCIATED SEISMIC TESTS?", Buttons::kYesNo) == Answer::kYes) {
+        names = FldacqSeries(path);
       }
-      return SeismicOpenOutcome::kLoaded;
-    });
-    if (outcome != SeismicOpenOutcome::kLoaded) return outcome;
-  } catch (const RuntimeFailure& failure) {
-    prompts.Tell(GeneralErrorText(failure));
-    return SeismicOpenOutcome::kRefused;
-  }
+      if (names.empty()) {
+        prompts.Tell("ERROR: NO SEISMIC FILES FOUND");
+        return SeismicOpenOutcome::kRefused;
+      }
+      std::vector<FldacqFile> files;
+      for (const std::string& name : names) files.push_back({name, ReadWholeFile(name)});
+      if (!ReadFldacqFiles(files, title, session.FeetPerMetre, spare, prompts)) return SeismicOpenOutcome::kRefused;
+    } else {
+      const std::string bytes = ReadWholeFile(path);
+      if (family == kSmcFamily) ReadSmcFile(bytes, path, title, spare);
+      if (family == kSeiFamily) ReadSeiFile(bytes, path, title, spare);
+      if (family == kSlgFamily) ReadSlgFile(bytes, path, title, spare);
+    }
+    return SeismicOpenOutcome::kLoaded;
+  };
+  TellFailures(prompts, source, [&] { outcome = read(); });
+  if (outcome != SeismicOpenOutcome::kLoaded) return outcome;
   if (spare.TestCount == 0) {
     // A header without a single test record holds nothing to show.
     prompts.Tell(path + " is not a valid seismic file");

@@ -30,11 +30,7 @@ ShellController::ShellController(Session& session, UserPrompts& prompts)
 }
 
 void ShellController::Guarded(const char* source, const std::function<void()>& event) {
-  try {
-    InProcedure(source, event);
-  } catch (const RuntimeFailure& failure) {
-    prompts_.Tell(GeneralErrorText(failure));
-  }
+  TellFailures(prompts_, source, event);
 }
 
 void ShellController::NotAvailable(const std::string& what) {
@@ -92,17 +88,13 @@ void ShellController::ProcessSounding() {
   view_.test_type_visible = false;
   view_.sounding_frame_visible = true;
   session_.Sounding().WaterTableDepth = -99;
-  try {
-    if (!OpenSoundingFile()) return;
-  } catch (const RuntimeFailure& failure) {
+  bool opened = false;
+  if (!TellFailures(prompts_, "ProcessSounding", [&] { opened = OpenSoundingFile(); })) {
     // A read that fails leaves no half-read sounding on show.
     BackToModeChoice();
-    RuntimeFailure stamped = failure;
-    if (stamped.source.empty()) stamped.source = "ProcessSounding";
-    prompts_.Tell(GeneralErrorText(stamped));
     return;
   }
-  FillSoundingInfo();
+  if (opened) FillSoundingInfo();
 }
 
 bool ShellController::OpenSoundingFile() {

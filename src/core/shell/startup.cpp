@@ -20,11 +20,7 @@ void ReadSetting(Session& session, UserPrompts& prompts, const std::string& name
                  const std::function<void(std::string_view)>& reader) {
   const auto bytes = TryReadWholeFile(session.SettingsPath(name));
   if (!bytes) return;
-  try {
-    InProcedure(source, [&] { reader(*bytes); });
-  } catch (const RuntimeFailure& failure) {
-    prompts.Tell(GeneralErrorText(failure));
-  }
+  TellFailures(prompts, source, [&] { reader(*bytes); });
 }
 
 // Writes a default back at once, so the next run and the settings dialogs find the file.
@@ -32,11 +28,7 @@ void WriteBackWhenMissing(Session& session, UserPrompts& prompts, const std::str
                           const std::string& bytes) {
   const std::string path = session.SettingsPath(name);
   if (FileExists(path)) return;
-  try {
-    InProcedure("Form_Load", [&] { WriteFileAtomically(path, bytes); });
-  } catch (const RuntimeFailure& failure) {
-    prompts.Tell(GeneralErrorText(failure));
-  }
+  TellFailures(prompts, "Form_Load", [&] { WriteFileAtomically(path, bytes); });
 }
 
 // The two families' heading files of one report kind.
@@ -68,11 +60,7 @@ void RunStartup(Session& session, UserPrompts& prompts) {
   session.FeetPerMetre = kFeetPerMetre;
   // Numbers are read and written with "." whatever the desktop's locale says.
   session.DecimalComma = false;
-  try {
-    InProcedure("Form_Load", [&] { InstallMissingDefaults(session.Paths()); });
-  } catch (const RuntimeFailure& failure) {
-    prompts.Tell(GeneralErrorText(failure));
-  }
+  TellFailures(prompts, "Form_Load", [&] { InstallMissingDefaults(session.Paths()); });
   SetupTYRChannels(session.units, session.Paths().data_directory, session.FeetPerMetre);
 
   ReadSetting(session, prompts, "Sounding Selection Settings", "Form_Load", [&](std::string_view b) {
@@ -139,14 +127,10 @@ void RunStartup(Session& session, UserPrompts& prompts) {
   ReadSetting(session, prompts, "Logo Settings.txt", "ReadLogoSettings",
               [&](std::string_view b) { session.logo = ReadLogoSettings(b); });
   // The soil behaviour charts: without the 1983 table every reading is unclassified on it.
-  try {
-    InProcedure("SetChartData", [&] {
-      SetChartData(session.chart, ReadWholeFile(session.SettingsPath("intubc.asc")));
-    });
-  } catch (const RuntimeFailure& failure) {
-    SetChartData(session.chart, "0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, \"\"");
-    prompts.Tell(GeneralErrorText(failure));
-  }
+  const bool read = TellFailures(prompts, "SetChartData", [&] {
+    SetChartData(session.chart, ReadWholeFile(session.SettingsPath("intubc.asc")));
+  });
+  if (!read) SetChartData(session.chart, "0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, \"\"");
 }
 
 }  // namespace marlview

@@ -9,9 +9,7 @@ namespace marlview {
 
 void RunGuarded(UserPrompts& prompts, const char* source, const std::function<void()>& handler) {
   try {
-    InProcedure(source, handler);
-  } catch (const RuntimeFailure& failure) {
-    prompts.Tell(GeneralErrorText(failure));
+    TellFailures(prompts, source, handler);
   } catch (const std::bad_alloc&) {
     prompts.Tell(GeneralErrorText(RuntimeFailure(7, source)));
   }
