@@ -547,6 +547,16 @@ void SeismicController::ResetScale() {
   RedrawStrike();
 }
 
+SeismicController::DepthChangeTexts SeismicController::ChangeDepthTexts() const {
+  const SeismicStore& s = Store();
+  const int test = view_.ShownTest;
+  const double unit = Feet() ? session_.FeetPerMetre : 1.0;
+  auto depth = [&](int i) { return FormatNumber(s.TestDepth[i] * unit, "##0.00#"); };
+  return {Feet() ? "NEW DEPTH (ft)" : "NEW DEPTH (m)", depth(test),
+          test > 1 ? "MORE THAN " + depth(test - 1) : "NOT NEGATIVE",
+          test < s.TestCount ? "LESS THAN " + depth(test + 1) : ""};
+}
+
 bool SeismicController::ChangeDepth(const std::string& text) {
   SeismicStore& s = Store();
   const int i = view_.ShownTest;

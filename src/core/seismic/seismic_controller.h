@@ -156,6 +156,12 @@ class SeismicController {
   bool SetScale(const std::string& xmin, const std::string& xmax);
   void ResetScale();
   bool ChangeDepth(const std::string& value);
+  // The change-depth dialog's texts in the session's depth unit: the box's label and depth, and the
+  // limits the new depth must keep between its neighbours.
+  struct DepthChangeTexts {
+    std::string label, depth, more_than, less_than;
+  };
+  DepthChangeTexts ChangeDepthTexts() const;
   void ToggleReference();
   WorkbenchCaptions Captions() const;
   // The x range of the view in use, after GraphStrike's rule.

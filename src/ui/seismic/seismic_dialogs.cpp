@@ -231,18 +231,11 @@ FrmSeismicChangeDepth::FrmSeismicChangeDepth(SeismicController& controller, User
     : QDialog(parent) {
   setObjectName("frmSeismicChangeDepth");
   setWindowTitle("CHANGE DEPTH");
-  const SeismicStore& s = controller.Store();
-  const int test = controller.View().ShownTest;
-  const double unit = controller.Feet() ? controller.FeetPerMetre() : 1.0;
+  const SeismicController::DepthChangeTexts texts = controller.ChangeDepthTexts();
   auto* form = new QFormLayout(this);
-  txtNewDepth = Field(this, form, "txtNewDepth", controller.Feet() ? "NEW DEPTH (ft)" : "NEW DEPTH (m)",
-                      ToQString(FormatNumber(s.TestDepth[test] * unit, "##0.00#")));
-  lblGreaterThan = Named(new QLabel(this), "lblGreaterThan");
-  lblLessThan = Named(new QLabel(this), "lblLessThan");
-  lblGreaterThan->setText(test > 1 ? "MORE THAN " + ToQString(FormatNumber(s.TestDepth[test - 1] * unit, "##0.00#"))
-                                   : QString("NOT NEGATIVE"));
-  lblLessThan->setText(test < s.TestCount ? "LESS THAN " + ToQString(FormatNumber(s.TestDepth[test + 1] * unit, "##0.00#"))
-                                          : QString());
+  txtNewDepth = Field(this, form, "txtNewDepth", ToQString(texts.label), ToQString(texts.depth));
+  lblGreaterThan = Named(new QLabel(ToQString(texts.more_than), this), "lblGreaterThan");
+  lblLessThan = Named(new QLabel(ToQString(texts.less_than), this), "lblLessThan");
   form->addRow(lblGreaterThan);
   form->addRow(lblLessThan);
   form->addRow(OkCancelRow(this, cmdOK, cmdCancel));
