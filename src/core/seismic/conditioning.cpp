@@ -33,11 +33,6 @@ void OnLogColumns(SeismicStore& s, Body&& body) {
   }
 }
 
-std::vector<float>& Scratch() {
-  static thread_local std::vector<float> scratch;
-  return scratch;
-}
-
 // The filter spends its time in the division by 3 of every sample of every round; processors that
 // divide eight floats at once get a copy of the pass built for them, chosen when the program loads.
 // The quotients are the same on either path.
@@ -54,14 +49,12 @@ MARLVIEW_WIDE_DIVISION void SmoothInto(const float* __restrict src, float* __res
   dst[n] = (src[n - 1] + src[n]) * 0.5f;
 }
 
-// Passes alternate between the strike and the scratch row, so no pass copies; the last result is
-// put back into the strike.
-void Smooth(float* a, int n, int passes) {
+// Passes alternate between the strike and the store's scratch row, so no pass copies; the last
+// result is put back into the strike.
+void Smooth(SeismicStore& s, float* a, int n, int passes) {
   if (n < 2 || passes <= 0) return;
-  std::vector<float>& scratch = Scratch();
-  if (scratch.size() < static_cast<size_t>(n) + 1) scratch.resize(static_cast<size_t>(n) + 1);
   float* src = a;
-  float* dst = scratch.data();
+  float* dst = s.Scratch(n);
   for (int p = 0; p < passes; ++p) {
     SmoothInto(src, dst, n);
     std::swap(src, dst);
@@ -111,7 +104,7 @@ void SmoothOnce(float* a, int n, float* out) {
 
 void FilterAllGraphs(SeismicStore& s) {
   if (IsLog(s)) {
-    OnLogColumns(s, [](float* a, int n) { Smooth(a, n, kFilterRounds); });
+    OnLogColumns(s, [&s](float* a, int n) { Smooth(s, a, n, kFilterRounds); });
     return;
   }
   // Each strike is smoothed its 15 rounds while it is at hand; the rounds of a strike never
@@ -119,24 +112,24 @@ void FilterAllGraphs(SeismicStore& s) {
   for (int i = 1; i <= s.TestCount; ++i) {
     for (int16_t kind : kStrikeKinds) {
       const int n = CountOf(s, i, kind);
-      if (n > 0) Smooth(s.AmplitudeRow(StrikeSlot(kind, i)), n, kFilterRounds);
+      if (n > 0) Smooth(s, s.AmplitudeRow(StrikeSlot(kind, i)), n, kFilterRounds);
     }
   }
 }
 
 void FilterStrike(SeismicStore& s, int test, int kind, int passes) {
   const int n = CountOf(s, test, kind);
-  if (n > 0) Smooth(s.AmplitudeRow(StrikeSlot(kind, test)), n, passes);
+  if (n > 0) Smooth(s, s.AmplitudeRow(StrikeSlot(kind, test)), n, passes);
 }
 
 void AttenuateAllGraphs(SeismicStore& s) {
-  const auto attenuate = [](auto&& strikes) {
+  const auto attenuate = [&s](auto&& strikes) {
     for (int round = 0; round < kMaxAttenuateRounds; ++round) {
       bool done = true;
       for (auto& [a, n] : strikes) {
         if (n < 3 || !OutsideFullScale(a, n)) continue;
         done = false;
-        Smooth(a, n, 1);
+        Smooth(s, a, n, 1);
       }
       if (done) return;
     }

@@ -172,4 +172,10 @@ void SeismicStore::DropTest(int test) {
   --TestCount;
 }
 
+float* SeismicStore::Scratch(int samples) {
+  const size_t needed = static_cast<size_t>(std::max(samples, 0)) + 1;
+  if (scratch_.size() < needed) scratch_.resize(needed);
+  return scratch_.data();
+}
+
 }  // namespace marlview

@@ -156,6 +156,9 @@ class SeismicStore {
   void RemoveStrikeMeans();
   // Drops test i: every later test moves one place down with its fields and waves.
   void DropTest(int test);
+  // Room for samples 0..samples of working values, such as the smoothing passes write between
+  // rounds; kept with the store, so a run of filters allocates it once.
+  float* Scratch(int samples);
 
  private:
   void Touch(int slot, int s) {
@@ -172,6 +175,7 @@ class SeismicStore {
   FixedTable<float> log_time_;
   FixedTable<float> log_amplitude_;
   std::vector<std::array<std::string, kMaxSeismicHeaderLines + 1>> header_lines_;
+  std::vector<float> scratch_;
   std::array<int32_t, kStrikeSlots + 1> high_water_{};
   int32_t log_high_water_ = 0;
 };
