@@ -11,6 +11,7 @@
 #include <nlohmann/json.hpp>
 
 #include "app/cli_dissipation.h"
+#include "app/cli_globals.h"
 #include "app/cli_prompts.h"
 #include "app/cli_seismic.h"
 #include "core/common/number_read.h"
@@ -60,11 +61,7 @@ constexpr const char* kUsage =
     "                                percent-head] [--time linear|log|sqrt]\n"
     "                    seismic FILE [OPERATION]... [--waves | --velocities]\n";
 
-struct Options {
-  std::string data_dir;
-  bool feet = false;
-  std::optional<double> water_table;
-  CliAnswers answers;
+struct Options : GlobalOptions {
   std::vector<std::string> positional;
   std::optional<int> kind;
   std::optional<int> mirror;
@@ -82,10 +79,6 @@ struct Options {
   DissipationOptions dissipation;
 };
 
-class UsageError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
 
 int ToInt(const std::string& text, int low, int high, const std::string& option) {
   int value = 0;
@@ -104,29 +97,8 @@ Options Parse(const std::vector<std::string>& args) {
       if (i + 1 >= args.size()) throw UsageError(a + " needs a value");
       return args[++i];
     };
-    if (a == "--data-dir") o.data_dir = value();
-    else if (a == "--feet") o.feet = true;
-    else if (a == "--water-table") {
-      try {
-        o.water_table = ParseNumber(value());
-      } catch (const RuntimeFailure&) {
-        throw UsageError("--water-table takes a depth in metres");
-      }
-    } else if (a == "--start-depth-unit") {
-      const std::string& unit = value();
-      if (unit != "m" && unit != "ft") throw UsageError("--start-depth-unit is m or ft");
-      o.answers.start_depth_in_metres = unit == "m";
-    } else if (a == "--spikes") {
-      const std::string& answer = value();
-      if (answer != "remove" && answer != "keep") throw UsageError("--spikes is remove or keep");
-      o.answers.remove_spikes = answer == "remove";
-    } else if (a == "--munsell") {
-      const std::string& answer = value();
-      if (answer != "import" && answer != "skip") throw UsageError("--munsell is import or skip");
-      o.answers.import_munsell = answer == "import";
-    } else if (a == "--tip-area") o.answers.tip_area = value();
-    else if (a == "--yes") o.answers.yes = true;
-    else if (a == "--kind") o.kind = ToInt(value(), 0, kOutputKinds - 1, a);
+    if (ParseGlobalOption(a, value, o)) continue;
+    if (a == "--kind") o.kind = ToInt(value(), 0, kOutputKinds - 1, a);
     else if (a == "--mirror") o.mirror = ToInt(value(), 0, kFixedPressureTables - 1, a);
     else if (a == "--unaligned") o.unaligned = true;
     else if (a == "--raw") o.raw = true;

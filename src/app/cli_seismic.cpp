@@ -11,6 +11,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "app/cli_globals.h"
 #include "app/cli_prompts.h"
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
@@ -36,22 +37,13 @@ constexpr const char* kSeismicUsage =
     "                    [--arrival TEST:left|right] [--reset TEST] [--hammer-distance METRES]\n"
     "                    [--dly OUT] [--vss OUT] [--waves | --velocities]\n";
 
-class UsageError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
-
-const char* const kValueGlobals[] = {"--data-dir", "--water-table", "--start-depth-unit", "--spikes", "--munsell",
-                                     "--tip-area"};
 
 struct Operation {
   std::string name;
   std::vector<std::string> parts;
 };
 
-struct SeismicOptions {
-  std::string data_dir;
-  CliAnswers answers;
+struct SeismicOptions : GlobalOptions {
   std::string file;
   std::optional<bool> delay_warning_s;
   std::optional<std::string> arrival_error;
@@ -113,15 +105,8 @@ SeismicOptions Parse(const std::vector<std::string>& args) {
       if (i + 1 >= args.size()) throw UsageError(a + " needs a value");
       return args[++i];
     };
-    if (a == "--data-dir") o.data_dir = value();
-    else if (a == "--feet") continue;
-    else if (a == "--water-table") Number(value(), a);
-    else if (a == "--start-depth-unit") OneOf(value(), {"m", "ft"}, a);
-    else if (a == "--spikes") OneOf(value(), {"remove", "keep"}, a);
-    else if (a == "--munsell") OneOf(value(), {"import", "skip"}, a);
-    else if (a == "--tip-area") value();
-    else if (a == "--yes") o.answers.yes = true;
-    else if (a == "--delay-warning") {
+    if (ParseGlobalOption(a, value, o)) continue;
+    if (a == "--delay-warning") {
       const std::string& answer = value();
       OneOf(answer, {"S", "P"}, a);
       o.delay_warning_s = answer == "S";
@@ -484,7 +469,7 @@ void Apply(SeismicController& c, SeismicCliPrompts& prompts, const Operation& op
 
 bool IsSeismicCommand(const std::vector<std::string>& args) {
   for (size_t i = 0; i < args.size(); ++i) {
-    if (std::find(std::begin(kValueGlobals), std::end(kValueGlobals), args[i]) != std::end(kValueGlobals)) {
+    if (GlobalOptionTakesValue(args[i])) {
       ++i;
       continue;
     }

@@ -1,0 +1,56 @@
+// The global options of marlview-cli.
+#include "app/cli_globals.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "core/common/number_read.h"
+#include "core/common/runtime_failure.h"
+
+namespace marlview {
+namespace {
+
+const char* const kValueOptions[] = {"--data-dir", "--water-table", "--start-depth-unit",
+                                     "--spikes",   "--munsell",     "--tip-area"};
+
+}  // namespace
+
+bool ParseGlobalOption(const std::string& a, const std::function<const std::string&()>& value,
+                       GlobalOptions& o) {
+  if (a == "--data-dir") {
+    o.data_dir = value();
+  } else if (a == "--feet") {
+    o.feet = true;
+  } else if (a == "--water-table") {
+    try {
+      o.water_table = ParseNumber(value());
+    } catch (const RuntimeFailure&) {
+      throw UsageError("--water-table takes a depth in metres");
+    }
+  } else if (a == "--start-depth-unit") {
+    const std::string& unit = value();
+    if (unit != "m" && unit != "ft") throw UsageError("--start-depth-unit is m or ft");
+    o.answers.start_depth_in_metres = unit == "m";
+  } else if (a == "--spikes") {
+    const std::string& answer = value();
+    if (answer != "remove" && answer != "keep") throw UsageError("--spikes is remove or keep");
+    o.answers.remove_spikes = answer == "remove";
+  } else if (a == "--munsell") {
+    const std::string& answer = value();
+    if (answer != "import" && answer != "skip") throw UsageError("--munsell is import or skip");
+    o.answers.import_munsell = answer == "import";
+  } else if (a == "--tip-area") {
+    o.answers.tip_area = value();
+  } else if (a == "--yes") {
+    o.answers.yes = true;
+  } else {
+    return false;
+  }
+  return true;
+}
+
+bool GlobalOptionTakesValue(const std::string& a) {
+  return std::find(std::begin(kValueOptions), std::end(kValueOptions), a) != std::end(kValueOptions);
+}
+
+}  // namespace marlview

@@ -1,0 +1,34 @@
+// What every marlview-cli subcommand shares: the bad-usage error and the global options.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+#include "app/cli_prompts.h"
+
+namespace marlview {
+
+// Bad usage: the program ends with status 2 and the usage text.
+class UsageError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// The options that stand before any subcommand's own: where the settings are, the depth unit, the
+// water table, and the answers to the questions opening a file may ask.
+struct GlobalOptions {
+  std::string data_dir;
+  bool feet = false;
+  std::optional<double> water_table;
+  CliAnswers answers;
+};
+
+// Takes a global option, reading its value through value; false when a is none of them.
+bool ParseGlobalOption(const std::string& a, const std::function<const std::string&()>& value,
+                       GlobalOptions& options);
+// Whether a is a global option followed by a value, so a scan for the subcommand steps over both.
+bool GlobalOptionTakesValue(const std::string& a);
+
+}  // namespace marlview
