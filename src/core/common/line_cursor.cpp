@@ -13,6 +13,13 @@ std::string_view LineCursor::Next() {
   return lines_[next_++];
 }
 
+bool LineCursor::OnlyBlankLinesLeft() const {
+  for (size_t i = next_; i < lines_.size(); ++i) {
+    if (!TrimBlanks(lines_[i]).empty()) return false;
+  }
+  return true;
+}
+
 void LineCursor::Skip(int count) {
   for (int i = 0; i < count; ++i) Next();
 }

@@ -11,6 +11,8 @@ class LineCursor {
   explicit LineCursor(std::string_view bytes);
 
   bool AtEnd() const { return next_ >= lines_.size(); }
+  // True when the lines left, if any, hold nothing but blanks.
+  bool OnlyBlankLinesLeft() const;
   // The next line without its end; fails with "Input past end of file" after the last line.
   std::string_view Next();
   void Skip(int count);

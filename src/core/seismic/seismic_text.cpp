@@ -97,23 +97,12 @@ int32_t ToInteger32(double value) {
 
 std::string QrdValue(std::string_view line) { return std::string(HeaderValue(line)); }
 
-ItemReader::ItemReader(std::string_view bytes) : lines_(SplitLines(bytes)) {}
-
-bool ItemReader::AtEnd() {
-  if (has_pending_) return false;
-  for (size_t i = next_; i < lines_.size(); ++i) {
-    if (!TrimBlanks(lines_[i]).empty()) return false;
-  }
-  return true;
-}
-
 std::string_view ItemReader::Line() {
   if (has_pending_) {
     has_pending_ = false;
     return pending_;
   }
-  if (next_ >= lines_.size()) Fail(kErrPastEndOfFile);
-  return lines_[next_++];
+  return lines_.Next();
 }
 
 std::string_view ItemReader::Item() {

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include <vector>
+#include "core/common/line_cursor.h"
 #include "core/seismic/seismic_store.h"
 
 namespace marlview {
@@ -34,16 +35,15 @@ void ReadOperatorAndCrew(std::string_view line, SeismicHeader& header, bool log_
 // "Input #" reads a text item.
 class ItemReader {
  public:
-  explicit ItemReader(std::string_view bytes);
+  explicit ItemReader(std::string_view bytes) : lines_(bytes) {}
   // True when only blank lines are left.
-  bool AtEnd();
+  bool AtEnd() const { return !has_pending_ && lines_.OnlyBlankLinesLeft(); }
   std::string_view Line();
   std::string_view Item();
   void SkipLines(int count);
 
  private:
-  std::vector<std::string_view> lines_;
-  size_t next_ = 0;
+  LineCursor lines_;
   std::string_view pending_;
   bool has_pending_ = false;
 };
