@@ -88,7 +88,7 @@ void RemoveReadings(Session& session, int first, int last, RemovalUndo& undo) {
   if (first < 1 || last > s.ReadingCount) Fail(kErrSubscript);
   // The PX DAS family keeps its engineering values aligned; the others recompute from the table.
   const bool aligned = s.AcquisitionFamily == kPxDasFamily;
-  FixedTable<float>& table = aligned ? s.AlignedReadings : s.ChannelReadings;
+  ColumnTable<float>& table = aligned ? s.AlignedReadings : s.ChannelReadings;
   const int channels = aligned ? s.TotalChannels : s.ChannelCount;
   RemovedRows removed{first, last, {}};
   for (int r = first; r <= last; ++r) {
@@ -125,7 +125,7 @@ bool UndoRemoveReadings(Session& session, RemovalUndo& undo) {
   const RemovedRows removed = std::move(undo.back());
   undo.pop_back();
   const bool aligned = s.AcquisitionFamily == kPxDasFamily;
-  FixedTable<float>& table = aligned ? s.AlignedReadings : s.ChannelReadings;
+  ColumnTable<float>& table = aligned ? s.AlignedReadings : s.ChannelReadings;
   for (int r = removed.first; r <= removed.last; ++r) {
     const auto& row = removed.values[static_cast<size_t>(r - removed.first)];
     for (size_t c = 1; c < row.size(); ++c) {

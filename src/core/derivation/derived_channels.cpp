@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 
 #include "core/derivation/channel_values.h"
 #include "core/derivation/correlations.h"
@@ -92,12 +91,10 @@ void Pipeline::ClearDerivedChannels() {
   const int first = measured_ + 1;
   const int last = std::min<int>(std::max<int>(s_.TotalChannels, measured_), kMaxChannels);
   if (first < 1 || measured_ > kMaxChannels) Fail(kErrSubscript);
-  // Row by row, so the table is walked once in the order it lies in memory.
-  const size_t bytes = static_cast<size_t>(std::max(0, last - measured_)) * sizeof(float);
-  for (int r = 1; bytes > 0 && r <= s_.ReadingCount; ++r) {
-    float* row = s_.AlignedReadings.Row(r);
-    for (int k = 0; k < kOutputKinds; ++k) std::memset(row + KindColumn(first, k), 0, bytes);
-    for (auto& mirror : s_.AlignedFixedPressure) std::memset(mirror.Row(r) + first, 0, bytes);
+  // Column by column, each walked once in the order it lies in memory.
+  for (int c = first; c <= last; ++c) {
+    for (int k = 0; k < kOutputKinds; ++k) s_.AlignedReadings.ClearColumnRows(KindColumn(c, k), 1, s_.ReadingCount);
+    for (auto& mirror : s_.AlignedFixedPressure) mirror.ClearColumnRows(c, 1, s_.ReadingCount);
   }
   for (Role role : kDerivedRoles) s_.*role = 0;
   s_.TotalChannels = static_cast<int16_t>(measured_);

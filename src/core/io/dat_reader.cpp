@@ -529,7 +529,6 @@ void DatReader::ReadEndBaseline(std::string_view line) {
 void DatReader::ReadReading(std::string_view line) {
   if (s_.ReadingCount == kMaxReadings) Fail(kErrSubscript);
   const int r = ++s_.ReadingCount;
-  s_.NoteRowsUsed(r);
   std::string_view rest = line;
   auto take_back = [&] {
     s_.DepthTable(r, 1) = 0;

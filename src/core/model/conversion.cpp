@@ -134,7 +134,6 @@ static void ConvertRow(SoundingStore& s, const UnitTables& units, int c, int r, 
     const double to_fixed = Divide(default_factor, units.Factor(kFixedPressureUnits[i], kPressureGroup));
     s.FixedPressureReadings[i](r, c) = ToSingle(in_file_unit * to_fixed * ball);
   }
-  s.NoteRowsUsed(r);
 }
 
 void ConvertReading(SoundingStore& s, const UnitTables& units, int c, int r) {

@@ -2,25 +2,28 @@
 #include "core/model/sounding_slots.h"
 
 #include <algorithm>
+#include <memory>
 
 #include "core/common/runtime_failure.h"
 
 namespace marlview {
 
 SoundingSlot::SoundingSlot()
-    : depths(kMaxReadings, 2),
+    : depths(kDeclaredTableRows, kWideTableColumns),
       raw(kMaxReadings, kMaxChannels),
       cpt_raw(kMaxReadings, kMaxCptRawChannels),
-      row_tail(kMaxReadings + 1),
-      munsell_chips(kMaxReadings + 1) {}
-
-SoundingSlots::SoundingSlots() {
-  for (auto& slot : slots_) slot = std::make_unique<SoundingSlot>();
-}
+      row_tail(kMaxReadings),
+      munsell_chips(kMaxReadings) {}
 
 SoundingSlot& SoundingSlots::operator[](int slot) {
   if (slot < 0 || slot > kMaxSlots) Fail(kErrSubscript);
-  return *slots_[slot];
+  auto& held = slots_[static_cast<size_t>(slot)];
+  if (!held) held = std::make_unique<SoundingSlot>();
+  return *held;
+}
+
+bool SoundingSlots::Held(int slot) const {
+  return slot >= 0 && slot <= kMaxSlots && slots_[static_cast<size_t>(slot)] != nullptr;
 }
 
 void SoundingSlots::RecordCatalogue(int slot, const SoundingStore& store) {
@@ -36,45 +39,32 @@ void SoundingSlots::RecordCatalogue(int slot, const SoundingStore& store) {
 
 void SaveToSlot(const SoundingStore& store, SoundingSlots& slots, int slot) {
   SoundingSlot& s = slots[slot];
-  const int rows = std::max(s.rows_used, static_cast<int>(store.ReadingCount));
   s.scalars = store;
   s.channels = store;
   s.korvan = store;
   s.cpt = store;
   s.roles = store;
-  for (int r = 0; r <= rows; ++r) {
-    s.depths(r, 1) = store.DepthTable(r, 1);
-    s.depths(r, 2) = store.DepthTable(r, 2);
-    s.row_tail[r] = store.RowTail[r];
-    s.munsell_chips[r] = store.MunsellChips[r];
-  }
-  s.raw.CopyRowsFrom(store.RawReadings, 0, rows);
-  s.cpt_raw.CopyRowsFrom(store.CptRawReadings, 0, rows);
-  s.rows_used = store.ReadingCount;
+  s.depths.CopyColumnsFrom(store.DepthTable, 1, 2);
+  s.raw = store.RawReadings;
+  s.cpt_raw = store.CptRawReadings;
+  s.row_tail = store.RowTail;
+  s.munsell_chips = store.MunsellChips;
   slots.RecordCatalogue(slot, store);
 }
 
 void LoadFromSlot(SoundingStore& store, SoundingSlots& slots, int slot) {
   SoundingSlot& s = slots[slot];
-  const int rows = std::max(s.rows_used, std::max(store.RowsUsed(), static_cast<int>(store.ReadingCount)));
-  for (int r = 1; r <= std::min(rows, kMaxReadings); ++r) {
-    store.DepthTable(r, 1) = 0;
-    store.DepthTable(r, 2) = 0;
-  }
   static_cast<SoundingScalars&>(store) = s.scalars;
   static_cast<ChannelTables&>(store) = s.channels;
   static_cast<KorvanHeader&>(store) = s.korvan;
   static_cast<CptHeader&>(store) = s.cpt;
   static_cast<ChannelRoles&>(store) = s.roles;
-  for (int r = 0; r <= rows; ++r) {
-    store.DepthTable(r, 1) = s.depths(r, 1);
-    store.DepthTable(r, 2) = s.depths(r, 2);
-    store.RowTail[r] = s.row_tail[r];
-    store.MunsellChips[r] = s.munsell_chips[r];
-  }
-  store.RawReadings.CopyRowsFrom(s.raw, 0, rows);
-  store.CptRawReadings.CopyRowsFrom(s.cpt_raw, 0, rows);
-  store.NoteRowsUsed(rows);
+  // The depths of the slot replace the current ones row for row, rows past the slot's reading 0.
+  store.DepthTable.CopyColumnsFrom(s.depths, 1, 2);
+  store.RawReadings = s.raw;
+  store.CptRawReadings = s.cpt_raw;
+  store.RowTail = s.row_tail;
+  store.MunsellChips = s.munsell_chips;
 }
 
 }  // namespace marlview

@@ -20,21 +20,22 @@ struct SoundingSlot {
   CptHeader cpt;
   ChannelRoles roles;
   // Depth columns 1 and 2, raw readings and PX DAS raw numbers, by row.
-  FixedTable<float> depths;
-  FixedTable<float> raw;
-  FixedTable<float> cpt_raw;
-  std::vector<std::string> row_tail;
-  std::vector<std::string> munsell_chips;
+  ColumnTable<float> depths;
+  ColumnTable<float> raw;
+  ColumnTable<float> cpt_raw;
+  ReadingList<std::string> row_tail;
+  ReadingList<std::string> munsell_chips;
   // The channel that carries each catalogue id, and the catalogue id of each channel.
   std::array<int16_t, kMaxCatalogueId + 1> ChannelOfId{};
   std::array<int16_t, kMaxChannels + 1> IdOfChannel{};
-  int rows_used = 0;
 };
 
+// Slots 0..30; a slot takes memory only when a sounding is first saved to it or read from it.
 class SoundingSlots {
  public:
-  SoundingSlots();
   SoundingSlot& operator[](int slot);
+  // Whether the slot has been used at all.
+  bool Held(int slot) const;
 
   // Records the catalogue ids of the store's channels for the slot, both ways.
   void RecordCatalogue(int slot, const SoundingStore& store);

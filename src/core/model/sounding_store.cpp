@@ -1,12 +1,10 @@
 // The current sounding's tables and its reset.
 #include "core/model/sounding_store.h"
 
-#include <algorithm>
-
 namespace marlview {
 namespace {
 
-FixedTable<float> ReadingsByChannel() { return FixedTable<float>(kMaxReadings, kMaxChannels); }
+ColumnTable<float> ReadingsByChannel() { return ColumnTable<float>(kMaxReadings, kMaxChannels); }
 
 }  // namespace
 
@@ -101,28 +99,35 @@ SoundingStore::SoundingStore()
       AlignedFixedPressure{ReadingsByChannel(), ReadingsByChannel(), ReadingsByChannel(),
                            ReadingsByChannel()},
       CptRawReadings(kMaxReadings, kMaxCptRawChannels),
-      PushSpeed(kMaxReadings + 1),
-      MunsellChips(kMaxReadings + 1),
-      RowTail(kMaxReadings + 1),
+      PushSpeed(kMaxReadings),
+      MunsellChips(kMaxReadings),
+      RowTail(kMaxReadings),
       HydrostaticPressure(kMaxReadings, kOutputKinds - 1),
-      LastSbt83Zone(kMaxReadings + 1) {}
+      LastSbt83Zone(kMaxReadings) {}
 
 void SoundingStore::ClearReadingTables() {
-  const int last = std::min(std::max(rows_used_, static_cast<int>(ReadingCount)), kMaxReadings);
-  DepthTable.ClearRows(0, last);
-  RawReadings.ClearRows(0, last);
-  ChannelReadings.ClearRows(0, last);
-  AlignedReadings.ClearRows(0, last);
-  RawAlignedReadings.ClearRows(0, last);
-  for (auto& table : FixedPressureReadings) table.ClearRows(0, last);
-  for (auto& table : AlignedFixedPressure) table.ClearRows(0, last);
-  CptRawReadings.ClearRows(0, last);
-  std::fill(PushSpeed.begin(), PushSpeed.begin() + last + 1, 0.0f);
-  std::fill(MunsellChips.begin(), MunsellChips.begin() + last + 1, std::string());
-  std::fill(RowTail.begin(), RowTail.begin() + last + 1, std::string());
-  HydrostaticPressure.ClearRows(0, last);
-  std::fill(LastSbt83Zone.begin(), LastSbt83Zone.begin() + last + 1, 0.0f);
-  rows_used_ = 0;
+  DepthTable.Clear();
+  RawReadings.Clear();
+  ChannelReadings.Clear();
+  AlignedReadings.Clear();
+  RawAlignedReadings.Clear();
+  for (auto& table : FixedPressureReadings) table.Clear();
+  for (auto& table : AlignedFixedPressure) table.Clear();
+  CptRawReadings.Clear();
+  PushSpeed.Clear();
+  MunsellChips.Clear();
+  RowTail.Clear();
+  HydrostaticPressure.Clear();
+  LastSbt83Zone.Clear();
+}
+
+size_t SoundingStore::ReadingBytesHeld() const {
+  size_t floats = DepthTable.CellsHeld() + RawReadings.CellsHeld() + ChannelReadings.CellsHeld() +
+                  AlignedReadings.CellsHeld() + RawAlignedReadings.CellsHeld() + CptRawReadings.CellsHeld() +
+                  HydrostaticPressure.CellsHeld() + PushSpeed.CellsHeld() + LastSbt83Zone.CellsHeld();
+  for (const auto& table : FixedPressureReadings) floats += table.CellsHeld();
+  for (const auto& table : AlignedFixedPressure) floats += table.CellsHeld();
+  return floats * sizeof(float) + (MunsellChips.CellsHeld() + RowTail.CellsHeld()) * sizeof(std::string);
 }
 
 void SoundingStore::ResetSounding() {

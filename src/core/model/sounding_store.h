@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/model/fixed_table.h"
+#include "core/model/column_table.h"
 
 namespace marlview {
 
@@ -158,36 +158,32 @@ class SoundingStore : public SoundingScalars,
   SoundingStore& operator=(SoundingStore&&) noexcept = default;
 
   // Depth in metres [r][1] and in feet [r][2].
-  FixedTable<float> DepthTable;
-  FixedTable<float> RawReadings;
+  ColumnTable<float> DepthTable;
+  ColumnTable<float> RawReadings;
   // [r][channel + 100 * kind]
-  FixedTable<float> ChannelReadings;
-  FixedTable<float> AlignedReadings;
-  FixedTable<float> RawAlignedReadings;
+  ColumnTable<float> ChannelReadings;
+  ColumnTable<float> AlignedReadings;
+  ColumnTable<float> RawAlignedReadings;
   // Pressures in units 14, 11, 2 and 15 of the pressure group, whatever the user's units.
-  std::array<FixedTable<float>, kFixedPressureTables> FixedPressureReadings;
-  std::array<FixedTable<float>, kFixedPressureTables> AlignedFixedPressure;
-  FixedTable<float> CptRawReadings;
-  std::vector<float> PushSpeed;
-  std::vector<std::string> MunsellChips;
-  std::vector<std::string> RowTail;
+  std::array<ColumnTable<float>, kFixedPressureTables> FixedPressureReadings;
+  std::array<ColumnTable<float>, kFixedPressureTables> AlignedFixedPressure;
+  ColumnTable<float> CptRawReadings;
+  ReadingList<float> PushSpeed;
+  ReadingList<std::string> MunsellChips;
+  ReadingList<std::string> RowTail;
   // The hydrostatic pressure of each reading in the pore pressure channel's unit of each output.
-  FixedTable<float> HydrostaticPressure;
+  ColumnTable<float> HydrostaticPressure;
   // The 1983 zone of each reading, for the classification chart.
-  std::vector<float> LastSbt83Zone;
+  ReadingList<float> LastSbt83Zone;
 
   // Empties the sounding: family -1, no header text, zero counts and scalars, every channel enabled
-  // with curve style -1, no roles, and the reading tables cleared as far as they were used.
+  // with curve style -1, no roles, and the reading tables emptied.
   void ResetSounding();
-  // Zeroes the engineering, aligned and depth tables as far as they were used.
+  // Empties the engineering, aligned, raw and depth tables, giving their memory back; only the
+  // columns the last sounding wrote are touched.
   void ClearReadingTables();
-
-  // Marks rows and channels as in use, so a reset clears them; readers call it as they fill rows.
-  void NoteRowsUsed(int last_row) { if (last_row > rows_used_) rows_used_ = last_row; }
-  int RowsUsed() const { return rows_used_; }
-
- private:
-  int rows_used_ = 0;
+  // The memory the reading tables hold, in bytes.
+  size_t ReadingBytesHeld() const;
 };
 
 }  // namespace marlview
