@@ -34,21 +34,34 @@ size_t NumberPrefixLength(std::string_view text) {
   return i;
 }
 
-// Converts a text already known to be a well-formed number prefix.
+// Converts a text already known to be a well-formed number prefix. A field of a data line is a
+// few dozen characters at most; a longer number is cleaned on the heap.
 double Convert(std::string_view number) {
-  std::string clean;
-  clean.reserve(number.size());
-  for (char c : number) {
-    if (c == '+' && clean.empty()) continue;
-    clean.push_back(c == 'D' || c == 'd' ? 'E' : c);
+  char local[64];
+  std::string long_text;
+  char* clean = local;
+  if (number.size() > sizeof local) {
+    long_text.resize(number.size());
+    clean = long_text.data();
   }
-  if (!clean.empty() && clean[0] == '-' && clean.size() > 1 && clean[1] == '+') clean.erase(1, 1);
+  size_t size = 0;
+  for (char c : number) {
+    if (c == '+' && size == 0) continue;
+    clean[size++] = c == 'D' || c == 'd' ? 'E' : c;
+  }
+  size_t first = 0;
+  // "-+1.5": the sign after the minus goes.
+  if (size > 1 && clean[0] == '-' && clean[1] == '+') {
+    clean[1] = '-';
+    first = 1;
+  }
+  const std::string_view text(clean + first, size - first);
   double value = 0;
-  const auto result = std::from_chars(clean.data(), clean.data() + clean.size(), value);
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
   if (result.ec == std::errc::result_out_of_range) {
     // Underflow reads as zero; overflow is reported by the caller's range check.
-    const bool big = clean.find_first_of("eE") != std::string::npos &&
-                     clean[clean.find_first_of("eE") + 1] != '-';
+    const size_t exponent = text.find_first_of("eE");
+    const bool big = exponent != std::string_view::npos && exponent + 1 < text.size() && text[exponent + 1] != '-';
     return big ? std::numeric_limits<double>::infinity() : 0.0;
   }
   return value;

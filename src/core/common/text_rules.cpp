@@ -7,6 +7,7 @@ namespace marlview {
 namespace {
 
 char Lower(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
+char Upper(char c) { return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c; }
 bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 
 }  // namespace
@@ -14,8 +15,11 @@ bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 size_t FindNoCase(std::string_view hay, std::string_view needle, size_t from) {
   if (needle.empty()) return from <= hay.size() ? from : std::string_view::npos;
   if (needle.size() > hay.size()) return std::string_view::npos;
+  // Most places fail on the first character; it is tested in both cases before anything else.
+  const char first_lower = Lower(needle[0]), first_upper = Upper(needle[0]);
   for (size_t i = from; i + needle.size() <= hay.size(); ++i) {
-    size_t j = 0;
+    if (hay[i] != first_lower && hay[i] != first_upper) continue;
+    size_t j = 1;
     while (j < needle.size() && Lower(hay[i + j]) == Lower(needle[j])) ++j;
     if (j == needle.size()) return i;
   }

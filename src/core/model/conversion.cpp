@@ -2,7 +2,9 @@
 #include "core/model/conversion.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <vector>
 
@@ -116,35 +118,76 @@ double Interpolate(double depth, double d0, double v0, double d1, double v1) {
   return v0 + (v1 - v0) * (depth - d0) / (d1 - d0);
 }
 
-}  // namespace
+// What converting one channel needs besides its raw values, worked out once for all its readings.
+struct ChannelConversion {
+  SensorKind kind = SensorKind::kOther;
+  double ball = 1;
+  std::array<double, kOutputKinds> factor{};
+  std::array<bool, kOutputKinds> fahrenheit{};
+  std::array<double, kFixedPressureTables> to_fixed{};
+};
 
-static void ConvertRow(SoundingStore& s, const UnitTables& units, int c, int r, SensorKind kind) {
-  const double v = s.RawReadings(r, c);
-  const double ball = BallTipFactor(s, c);
+ChannelConversion PrepareConversion(const SoundingStore& s, const UnitTables& units, int c) {
+  if (c < 1 || c > kMaxChannels) Fail(kErrSubscript);
+  ChannelConversion p;
+  p.kind = SensorKindOf(s.ChannelName[c]);
+  p.ball = BallTipFactor(s, c);
   for (int k = 0; k < kOutputKinds; ++k) {
-    const double value =
-        EngineeringValue(s, c, kind, v, s.ChannelUnitFactor[c][k], s.TemperatureInFahrenheit[k]);
-    const float single = ToSingle(value * ball);
-    s.ChannelReadings(r, KindColumn(c, k)) = single;
-    s.AlignedReadings(r, KindColumn(c, k)) = single;
+    p.factor[k] = s.ChannelUnitFactor[c][k];
+    p.fahrenheit[k] = s.TemperatureInFahrenheit[k];
   }
-  const double in_file_unit = EngineeringValue(s, c, kind, v, 1, false);
   const double default_factor = units.Factor(s.ChannelDefaultUnit[c], kPressureGroup);
   for (int i = 0; i < kFixedPressureTables; ++i) {
-    const double to_fixed = Divide(default_factor, units.Factor(kFixedPressureUnits[i], kPressureGroup));
-    s.FixedPressureReadings[i](r, c) = ToSingle(in_file_unit * to_fixed * ball);
+    p.to_fixed[i] = Divide(default_factor, units.Factor(kFixedPressureUnits[i], kPressureGroup));
   }
+  return p;
 }
+
+// The five outputs, then the four fixed pressure tables, of raw value v.
+using ConvertedValues = std::array<float, kOutputKinds + kFixedPressureTables>;
+
+ConvertedValues ConvertValue(const SoundingStore& s, int c, const ChannelConversion& p, double v) {
+  ConvertedValues out;
+  for (int k = 0; k < kOutputKinds; ++k) {
+    out[k] = ToSingle(EngineeringValue(s, c, p.kind, v, p.factor[k], p.fahrenheit[k]) * p.ball);
+  }
+  const double in_file_unit = EngineeringValue(s, c, p.kind, v, 1, false);
+  for (int i = 0; i < kFixedPressureTables; ++i) out[kOutputKinds + i] = ToSingle(in_file_unit * p.to_fixed[i] * p.ball);
+  return out;
+}
+
+}  // namespace
 
 void ConvertReading(SoundingStore& s, const UnitTables& units, int c, int r) {
-  if (c < 1 || c > kMaxChannels) Fail(kErrSubscript);
-  ConvertRow(s, units, c, r, SensorKindOf(s.ChannelName[c]));
+  const ChannelConversion p = PrepareConversion(s, units, c);
+  const ConvertedValues values = ConvertValue(s, c, p, s.RawReadings(r, c));
+  for (int k = 0; k < kOutputKinds; ++k) {
+    s.ChannelReadings(r, KindColumn(c, k)) = values[k];
+    s.AlignedReadings(r, KindColumn(c, k)) = values[k];
+  }
+  for (int i = 0; i < kFixedPressureTables; ++i) s.FixedPressureReadings[i](r, c) = values[kOutputKinds + i];
 }
 
+// Down each column in turn: the channel's raw values are read once and each output is written in
+// depth order.
 void ConvertChannel(SoundingStore& s, const UnitTables& units, int c) {
   if (c < 1 || c > kMaxChannels) Fail(kErrSubscript);
-  const SensorKind kind = SensorKindOf(s.ChannelName[c]);
-  for (int r = 1; r <= s.ReadingCount; ++r) ConvertRow(s, units, c, r, kind);
+  const int n = s.ReadingCount;
+  if (n < 1) return;
+  const ChannelConversion p = PrepareConversion(s, units, c);
+  const float* raw = s.RawReadings.Column(c, n);
+  std::array<float*, kOutputKinds> engineering, aligned;
+  std::array<float*, kFixedPressureTables> fixed;
+  for (int k = 0; k < kOutputKinds; ++k) {
+    engineering[k] = s.ChannelReadings.Column(KindColumn(c, k), n);
+    aligned[k] = s.AlignedReadings.Column(KindColumn(c, k), n);
+  }
+  for (int i = 0; i < kFixedPressureTables; ++i) fixed[i] = s.FixedPressureReadings[i].Column(c, n);
+  for (int r = 1; r <= n; ++r) {
+    const ConvertedValues values = ConvertValue(s, c, p, raw[r]);
+    for (int k = 0; k < kOutputKinds; ++k) engineering[k][r] = aligned[k][r] = values[k];
+    for (int i = 0; i < kFixedPressureTables; ++i) fixed[i][r] = values[kOutputKinds + i];
+  }
 }
 
 void InvertReading(SoundingStore& s, int c, int r) {
@@ -178,56 +221,59 @@ void InvertReading(SoundingStore& s, int c, int r) {
   s.RawReadings(r, c) = ToSingle(raw);
 }
 
+// Each of the channel's nine columns (five outputs, four fixed pressure tables) is walked down in
+// depth order; where the sensor sits behind the tip, the rows to interpolate between are found
+// once for all nine.
 void AlignChannel(SoundingStore& s, int c) {
   if (c < 1 || c > kMaxChannels) Fail(kErrSubscript);
   const int n = s.ReadingCount;
+  if (n < 1) return;
+  constexpr int kColumns = kOutputKinds + kFixedPressureTables;
+  std::array<const float*, kColumns> from;
+  std::array<float*, kColumns> to;
+  for (int k = 0; k < kOutputKinds; ++k) {
+    from[k] = s.ChannelReadings.Column(KindColumn(c, k), n);
+    to[k] = s.AlignedReadings.Column(KindColumn(c, k), n);
+  }
+  for (int i = 0; i < kFixedPressureTables; ++i) {
+    from[kOutputKinds + i] = s.FixedPressureReadings[i].Column(c, n);
+    to[kOutputKinds + i] = s.AlignedFixedPressure[i].Column(c, n);
+  }
+  const size_t bytes = static_cast<size_t>(n) * sizeof(float);
   const float offset = s.ChannelOffset[c];
-  auto copy_row = [&](int to, int from) {
-    for (int k = 0; k < kOutputKinds; ++k) {
-      s.AlignedReadings(to, KindColumn(c, k)) = s.ChannelReadings(from, KindColumn(c, k));
-    }
-    for (int i = 0; i < kFixedPressureTables; ++i) {
-      s.AlignedFixedPressure[i](to, c) = s.FixedPressureReadings[i](from, c);
-    }
-  };
   if (offset <= 0) {
-    for (int r = 1; r <= n; ++r) {
-      copy_row(r, r);
-      s.RawAlignedReadings(r, c) = s.RawReadings(r, c);
-    }
+    for (int m = 0; m < kColumns; ++m) std::memcpy(to[m] + 1, from[m] + 1, bytes);
+    std::memcpy(s.RawAlignedReadings.Column(c, n) + 1, s.RawReadings.Column(c, n) + 1, bytes);
     return;
   }
+  const float* depth = s.DepthTable.Column(1, n);
   // The first row at or below a depth, found on the running deepest depth so that a sounding whose
-  // depth goes back now and then is searched in order as well.
+  // depth goes back now and then is searched in order as well; 0 where the depth is past the last.
   std::vector<float> deepest(static_cast<size_t>(n) + 1);
+  for (int r = 1; r <= n; ++r) deepest[r] = r == 1 ? depth[1] : std::max(deepest[r - 1], depth[r]);
+  const double last_depth = depth[n];
+  // The search starts from the row found for the reading before, as depths mostly go down.
+  std::vector<int> below(static_cast<size_t>(n) + 1);
+  int j = 1;
   for (int r = 1; r <= n; ++r) {
-    deepest[r] = r == 1 ? s.DepthTable(1, 1) : std::max(deepest[r - 1], s.DepthTable(r, 1));
+    const double target = static_cast<double>(depth[r]) + offset;
+    if (target > last_depth) continue;
+    while (j > 1 && deepest[j - 1] >= target) --j;
+    while (j < n && deepest[j] < target) ++j;
+    below[r] = j;
   }
-  const double last_depth = s.DepthTable(n, 1);
-  for (int r = 1; r <= n; ++r) {
-    const double target = static_cast<double>(s.DepthTable(r, 1)) + offset;
-    if (target > last_depth) {
-      for (int k = 0; k < kOutputKinds; ++k) s.AlignedReadings(r, KindColumn(c, k)) = 0;
-      for (int i = 0; i < kFixedPressureTables; ++i) s.AlignedFixedPressure[i](r, c) = 0;
-      continue;
-    }
-    const auto found = std::lower_bound(deepest.begin() + 1, deepest.end(), target,
-                                        [](float depth, double t) { return depth < t; });
-    const int j = static_cast<int>(found - deepest.begin());
-    const double d0 = s.DepthTable(j - 1, 1);
-    const double d1 = s.DepthTable(j, 1);
-    for (int k = 0; k < kOutputKinds; ++k) {
-      const int col = KindColumn(c, k);
-      s.AlignedReadings(r, col) = ToSingle(
-          Interpolate(target, d0, s.ChannelReadings(j - 1, col), d1, s.ChannelReadings(j, col)));
-    }
-    for (int i = 0; i < kFixedPressureTables; ++i) {
-      // The last fixed table takes its shallower value from the table before it: a long-standing
-      // slip that existing reports depend on.
-      const int base_table = i == 3 ? 2 : i;
-      s.AlignedFixedPressure[i](r, c) =
-          ToSingle(Interpolate(target, d0, s.FixedPressureReadings[base_table](j - 1, c), d1,
-                               s.FixedPressureReadings[i](j, c)));
+  for (int m = 0; m < kColumns; ++m) {
+    // The last fixed table takes its shallower value from the table before it: a long-standing
+    // slip that existing reports depend on.
+    const float* shallower = m == kColumns - 1 ? from[m - 1] : from[m];
+    for (int r = 1; r <= n; ++r) {
+      const int row = below[r];
+      if (row == 0) {
+        to[m][r] = 0;
+        continue;
+      }
+      const double target = static_cast<double>(depth[r]) + offset;
+      to[m][r] = ToSingle(Interpolate(target, depth[row - 1], shallower[row - 1], depth[row], from[m][row]));
     }
   }
 }
