@@ -7,7 +7,6 @@
 #include <QCheckBox>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTableWidget>
 #include <QTimer>
 #include <QtTest>
 #include <memory>
@@ -15,6 +14,7 @@
 #include "core/common/file_access.h"
 #include "support/qt_test_support.h"
 #include "support/test_support.h"
+#include "ui/presentation/data_table.h"
 #include "ui/shell/form1.h"
 
 using marlview::FrmSetOrderedECPTemplate;
@@ -35,7 +35,7 @@ class EcpWindowTest : public QObject {
     return window;
   }
   static QString Heading(FrmSoundingECPData* window, int column) {
-    return window->grdData->horizontalHeaderItem(column)->text();
+    return window->grdData->HeadingText(column);
   }
 
   std::unique_ptr<marlview::test::TestSession> t_;
@@ -58,12 +58,12 @@ class EcpWindowTest : public QObject {
     QVERIFY(t_->prompts.Texts().empty() && t_->session->flags.EcpWindowOpen);
     QCOMPARE(window->objectName(), QString("frmSoundingECPData"));
     QCOMPARE(window->windowTitle(), QString("ECP DATA: CPT-A01.DAT"));
-    QCOMPARE(window->grdData->rowCount(), 1250);
+    QCOMPARE(window->grdData->RowCount(), 1250);
     QVERIFY2(Heading(window, 1).endsWith("\n(psi)"), qPrintable(Heading(window, 1)));
-    const double psi = window->grdData->item(600, 1)->text().toDouble();
+    const double psi = window->grdData->CellText(600, 1).toDouble();
     QTest::mouseClick(window->cmdShowKPAECP, Qt::LeftButton);
     QVERIFY2(Heading(window, 1).endsWith("\n(kPa)"), qPrintable(Heading(window, 1)));
-    QVERIFY(qAbs(window->grdData->item(600, 1)->text().toDouble() / psi - 6.895) < 0.01);
+    QVERIFY(qAbs(window->grdData->CellText(600, 1).toDouble() / psi - 6.895) < 0.01);
     QCOMPARE(marlview::ReadWholeFile(t_->session->SettingsPath("Default ECP Units.txt")), std::string("2\r\n"));
     // The next window opens in the unit last chosen.
     window->mnuReturn->trigger();
@@ -74,7 +74,7 @@ class EcpWindowTest : public QObject {
 
   void templateDialogGivesTheOrderedView() {
     FrmSoundingECPData* window = OpenEcp();
-    const int fixed = window->grdData->columnCount();
+    const int fixed = window->grdData->ColumnCount();
     marlview::test::AnswerModal<FrmSetOrderedECPTemplate>(this, [](FrmSetOrderedECPTemplate* dialog) {
       QCOMPARE(dialog->findChildren<QCheckBox*>("chkChannel").size(), static_cast<qsizetype>(dialog->chkChannel.size()));
       dialog->chkChannel[2]->setChecked(true);
@@ -82,14 +82,14 @@ class EcpWindowTest : public QObject {
       QTest::mouseClick(dialog->cmdOK, Qt::LeftButton);
     });
     QTest::mouseClick(window->cmdSetOrderedECPTemplate, Qt::LeftButton);
-    QCOMPARE(window->grdData->columnCount(), 3);
+    QCOMPARE(window->grdData->ColumnCount(), 3);
     const auto& s = t_->session->Sounding();
     QVERIFY(marlview::ReadWholeFile(t_->session->SettingsPath("Ordered ECP Channels.txt"))
                 .starts_with(s.ChannelName[1] + "\r\n" + s.ChannelName[3] + "\r\n\r\n"));
     QTest::mouseClick(window->cmdShowECPData, Qt::LeftButton);
-    QCOMPARE(window->grdData->columnCount(), fixed);
+    QCOMPARE(window->grdData->ColumnCount(), fixed);
     QTest::mouseClick(window->cmdShowOrderedECPData, Qt::LeftButton);
-    QCOMPARE(window->grdData->columnCount(), 3);
+    QCOMPARE(window->grdData->ColumnCount(), 3);
   }
 
   void exportWritesTheTableAndDoneClosesTheWindow() {

@@ -9,13 +9,13 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTableWidget>
 #include <QtTest>
 #include <memory>
 
 #include "core/common/file_access.h"
 #include "support/qt_test_support.h"
 #include "support/test_support.h"
+#include "ui/presentation/data_table.h"
 #include "ui/presentation/list_dialogs.h"
 #include "ui/shell/form1.h"
 
@@ -41,7 +41,7 @@ class SoundingDataTest : public QObject {
     if (window == nullptr || !QTest::qWaitForWindowExposed(window)) qFatal("no list window");
     return window;
   }
-  QString Cell(FrmSoundingData* window, int row, int column) { return window->grdData->item(row, column)->text(); }
+  QString Cell(FrmSoundingData* window, int row, int column) { return window->grdData->CellText(row, column); }
   QStringList Log() const { return marlview::test::LogOf(t_->prompts); }
 
   std::unique_ptr<marlview::test::TestSession> t_;
@@ -66,8 +66,8 @@ class SoundingDataTest : public QObject {
     QCOMPARE(window->windowTitle(), QString("SOUNDING DATA: CPT-A01.DAT"));
     QVERIFY(window->findChild<QObject*>("VScroll1") && window->findChild<QObject*>("HScroll1"));
     QVERIFY(window->lblHeader->toPlainText().startsWith("CPT DATA\n"));
-    QCOMPARE(window->grdData->rowCount(), 1250);
-    QCOMPARE(window->grdData->columnCount(), 3);
+    QCOMPARE(window->grdData->RowCount(), 1250);
+    QCOMPARE(window->grdData->ColumnCount(), 3);
     QCOMPARE(Cell(window, 0, 0), QString("0.020"));
     // A zone shows its number and its label.
     QVERIFY2(QRegularExpression("^\\d+ +[A-Za-z]").match(Cell(window, 600, 2)).hasMatch(),
@@ -93,7 +93,7 @@ class SoundingDataTest : public QObject {
       QTest::mouseClick(dialog->cmdOK, Qt::LeftButton);
     });
     window->mnuDepthInterval->trigger();
-    QVERIFY2(qAbs(window->grdData->rowCount() - 250) <= 2, qPrintable(QString::number(window->grdData->rowCount())));
+    QVERIFY2(qAbs(window->grdData->RowCount() - 250) <= 2, qPrintable(QString::number(window->grdData->RowCount())));
     QCOMPARE(Log(), QStringList{"! Please enter a valid interval"});
     QVERIFY(t_->session->Sounding().ReadingCount == 1250);
 

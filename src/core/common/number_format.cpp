@@ -1,4 +1,6 @@
 // Number and text formatting on std::to_chars: no locale is consulted, the point is always ".".
+// Every number is rendered straight onto the end of the caller's text, so an export of 10000
+// readings formats its cells without a heap allocation of its own.
 #include "core/common/number_format.h"
 
 #include <algorithm>
@@ -9,10 +11,15 @@
 namespace marlview {
 namespace {
 
-// A non-negative decimal number 0.d1d2...dn * 10^point; no digits means zero.
+// A non-negative decimal number 0.d1d2...dn * 10^point; no digits means zero. The shortest text of
+// a double has at most 17 significant digits, and rounding adds at most one.
 struct Decimal {
-  std::string digits;  // No trailing zeros.
+  char digits[24];
+  int size = 0;  // No trailing zeros.
   int point = 0;
+
+  // Digit i of the significand, '0' past the last one.
+  char Digit(int i) const { return i >= 0 && i < size ? digits[i] : '0'; }
 };
 
 // The pieces of a numeric pattern; the exponent fields are used only when scientific is set.
@@ -33,8 +40,8 @@ int CountPlaceholders(std::string_view section) {
 
 // Drops trailing zeros so that zero is exactly "no digits".
 void Normalize(Decimal& number) {
-  while (!number.digits.empty() && number.digits.back() == '0') number.digits.pop_back();
-  if (number.digits.empty()) number.point = 0;
+  while (number.size > 0 && number.digits[number.size - 1] == '0') --number.size;
+  if (number.size == 0) number.point = 0;
 }
 
 // Assumes value is finite; the sign is ignored. Reads the shortest text that round-trips, so that
@@ -47,9 +54,14 @@ Decimal ToDecimal(double value) {
   const size_t e = text.find('e');
   Decimal number;
   for (char c : text.substr(0, e)) {
-    if (c != '.') number.digits.push_back(c);
+    if (c != '.') number.digits[number.size++] = c;
   }
-  number.point = std::atoi(std::string(text.substr(e + 1)).c_str()) + 1;
+  // The exponent as to_chars writes it: "e+05", "e-120".
+  std::string_view exponent = text.substr(e + 1);
+  if (!exponent.empty() && exponent.front() == '+') exponent.remove_prefix(1);
+  int power = 0;
+  std::from_chars(exponent.data(), exponent.data() + exponent.size(), power);
+  number.point = power + 1;
   Normalize(number);
   return number;
 }
@@ -57,97 +69,88 @@ Decimal ToDecimal(double value) {
 // Keeps the first `keep` digits, rounding half away from zero; a carry out of the first digit
 // moves the point ("999" kept to 2 becomes "1" one place higher).
 void RoundToDigits(Decimal& number, int keep) {
-  if (keep >= static_cast<int>(number.digits.size())) return;
+  if (keep >= number.size) return;
   if (keep < 0) {
-    number.digits.clear();
+    number.size = 0;
     Normalize(number);
     return;
   }
-  const bool round_up = number.digits[static_cast<size_t>(keep)] >= '5';
-  number.digits.resize(static_cast<size_t>(keep));
+  const bool round_up = number.digits[keep] >= '5';
+  number.size = keep;
   if (round_up) {
     int i = keep - 1;
-    while (i >= 0 && number.digits[static_cast<size_t>(i)] == '9') {
-      number.digits[static_cast<size_t>(i)] = '0';
+    while (i >= 0 && number.digits[i] == '9') {
+      number.digits[i] = '0';
       --i;
     }
     if (i >= 0) {
-      ++number.digits[static_cast<size_t>(i)];
+      ++number.digits[i];
     } else {
-      number.digits.insert(number.digits.begin(), '1');
+      // Every kept digit was a nine: the number is now a one, a place higher.
+      number.digits[0] = '1';
+      number.size = 1;
       ++number.point;
     }
   }
   Normalize(number);
 }
 
-// The digits in front of the point, without leading zeros ("" for a number below 1).
-std::string IntegerDigits(const Decimal& number) {
-  if (number.point <= 0) return "";
-  std::string digits = number.digits.substr(0, static_cast<size_t>(number.point));
-  digits.resize(static_cast<size_t>(number.point), '0');
-  return digits;
-}
-
-// The first `count` digits after the point, zero-padded.
-std::string FractionDigits(const Decimal& number, int count) {
-  std::string digits;
-  for (int i = 0; i < count; ++i) {
-    const int index = number.point + i;
-    const bool inside = index >= 0 && index < static_cast<int>(number.digits.size());
-    digits.push_back(inside ? number.digits[static_cast<size_t>(index)] : '0');
-  }
-  return digits;
-}
-
-// Assumes digits has no leading zeros. Fills the placeholders right to left; zeros pad from the
-// first '0' on, and digits beyond the placeholders all go into the leftmost one. A section with
-// no placeholder takes the digits at its end.
-std::string RenderIntegerSection(std::string_view section, std::string digits) {
+// Appends an integer section. The digits are digit(0..count-1), without leading zeros; zeros pad
+// them from the first '0' placeholder on. The placeholders are filled right to left, and digits
+// beyond the placeholders all go into the leftmost one. A section with no placeholder takes the
+// digits at its end.
+template <typename DigitAt>
+void AppendIntegerSection(std::string& out, std::string_view section, int count, DigitAt digit) {
   const int placeholders = CountPlaceholders(section);
   const size_t first_zero = section.find('0');
-  const int mandatory =
-      first_zero == std::string_view::npos ? 0 : CountPlaceholders(section.substr(first_zero));
-  if (static_cast<int>(digits.size()) < mandatory) {
-    digits.insert(0, static_cast<size_t>(mandatory) - digits.size(), '0');
+  const int mandatory = first_zero == std::string_view::npos ? 0 : CountPlaceholders(section.substr(first_zero));
+  const int padding = std::max(0, mandatory - count);
+  const int total = padding + count;
+  auto padded = [&](int i) { return i < padding ? '0' : digit(i - padding); };
+  if (placeholders == 0) {
+    out += section;
+    for (int i = 0; i < total; ++i) out.push_back(padded(i));
+    return;
   }
-  if (placeholders == 0) return std::string(section) + digits;
-  std::string out;
+  // Every digit is placed and every other character of the section kept, so the length is known
+  // and the section is written right to left in place.
+  const size_t start = out.size();
+  out.resize(start + section.size() - static_cast<size_t>(placeholders) + static_cast<size_t>(total));
+  size_t at = out.size();
+  int remaining = total;
   int placeholders_left = placeholders;
   for (auto c = section.rbegin(); c != section.rend(); ++c) {
     if (!IsPlaceholder(*c)) {
-      out.insert(out.begin(), *c);
+      out[--at] = *c;
       continue;
     }
     --placeholders_left;
-    const size_t take = placeholders_left == 0 ? digits.size() : std::min<size_t>(1, digits.size());
-    out.insert(0, digits.substr(digits.size() - take));
-    digits.resize(digits.size() - take);
+    const int take = placeholders_left == 0 ? remaining : std::min(1, remaining);
+    for (int i = 0; i < take; ++i) out[--at] = padded(--remaining);
   }
-  return out;
 }
 
-// Assumes digits holds one digit per placeholder. A '#' shows its digit only when a nonzero digit
-// or a '0' placeholder follows it, so trailing zeros in optional places are dropped.
-std::string RenderFractionSection(std::string_view section, const std::string& digits) {
+// Appends a fraction section whose placeholders take digit(0), digit(1), ... A '#' shows its
+// digit only when a nonzero digit or a '0' placeholder follows it, so trailing zeros in optional
+// places are dropped.
+template <typename DigitAt>
+void AppendFractionSection(std::string& out, std::string_view section, DigitAt digit) {
   int last_shown = -1;
   int index = 0;
   for (char c : section) {
     if (!IsPlaceholder(c)) continue;
-    if (c == '0' || digits[static_cast<size_t>(index)] != '0') last_shown = index;
+    if (c == '0' || digit(index) != '0') last_shown = index;
     ++index;
   }
-  std::string out;
   index = 0;
   for (char c : section) {
     if (!IsPlaceholder(c)) {
       out.push_back(c);
       continue;
     }
-    if (index <= last_shown) out.push_back(digits[static_cast<size_t>(index)]);
+    if (index <= last_shown) out.push_back(digit(index));
     ++index;
   }
-  return out;
 }
 
 // Assumes the left-alignment '!' is already removed. The exponent marker is the first E or e
@@ -171,47 +174,53 @@ Pattern SplitPattern(std::string_view text) {
 }
 
 // Assumes number is rounded to the pattern's fraction placeholders.
-std::string RenderFixed(const Decimal& number, const Pattern& pattern) {
-  std::string out = RenderIntegerSection(pattern.integer, IntegerDigits(number));
+void AppendFixed(std::string& out, const Decimal& number, const Pattern& pattern) {
+  // The digits in front of the point, without leading zeros (none for a number below 1).
+  const int integer_digits = std::max(number.point, 0);
+  AppendIntegerSection(out, pattern.integer, integer_digits, [&](int i) { return number.Digit(i); });
   if (pattern.has_point) out.push_back('.');
-  const int fraction_places = CountPlaceholders(pattern.fraction);
-  out += RenderFractionSection(pattern.fraction, FractionDigits(number, fraction_places));
-  return out;
+  AppendFractionSection(out, pattern.fraction, [&](int i) { return number.Digit(number.point + i); });
 }
 
 // Assumes number is rounded to the pattern's significant digits. The mantissa gets as many integer
 // digits as the pattern has placeholders before the point (none: normalised to .xxxx).
-std::string RenderScientific(Decimal number, const Pattern& pattern) {
+void AppendScientific(std::string& out, Decimal number, const Pattern& pattern) {
   const int integer_places = CountPlaceholders(pattern.integer);
-  const int exponent = number.digits.empty() ? 0 : number.point - integer_places;
+  const int exponent = number.size == 0 ? 0 : number.point - integer_places;
   number.point -= exponent;
-  std::string out = RenderFixed(number, pattern);
+  AppendFixed(out, number, pattern);
   out += pattern.exponent_marker[0];
   if (exponent < 0) {
     out.push_back('-');
   } else if (pattern.exponent_marker[1] == '+') {
     out.push_back('+');
   }
-  const std::string exponent_digits = exponent == 0 ? "" : std::to_string(std::abs(exponent));
-  return out + RenderIntegerSection(pattern.exponent, exponent_digits);
-}
-
-// Assumes value is finite. Zero loses its sign, as "-0" would only confuse a reader.
-std::string ShortestDecimalText(double value) {
-  if (value == 0) return "0";
-  char buffer[64];
-  const auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
-  return std::string(buffer, result.ptr);
+  char digits[16];
+  const int count = exponent == 0
+                        ? 0
+                        : static_cast<int>(std::to_chars(digits, digits + sizeof digits, std::abs(exponent)).ptr - digits);
+  AppendIntegerSection(out, pattern.exponent, count, [&](int i) { return digits[i]; });
 }
 
 }  // namespace
 
-std::string FormatNumber(double value, std::string_view pattern) {
-  if (std::isnan(value)) return "NaN";
-  if (std::isinf(value)) return value < 0 ? "-Inf" : "Inf";
+void AppendNumber(std::string& out, double value, std::string_view pattern) {
+  if (std::isnan(value)) {
+    out += "NaN";
+    return;
+  }
+  if (std::isinf(value)) {
+    out += value < 0 ? "-Inf" : "Inf";
+    return;
+  }
   if (!pattern.empty() && pattern.back() == '!') pattern.remove_suffix(1);
-  if (pattern.empty()) return ShortestDecimalText(value);
-
+  if (pattern.empty()) {
+    // Zero loses its sign, as "-0" would only confuse a reader.
+    if (value == 0) value = 0;
+    char buffer[64];
+    out.append(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
+    return;
+  }
   const Pattern parts = SplitPattern(pattern);
   Decimal number = ToDecimal(value);
   const int fraction_places = CountPlaceholders(parts.fraction);
@@ -220,24 +229,40 @@ std::string FormatNumber(double value, std::string_view pattern) {
   } else {
     RoundToDigits(number, number.point + fraction_places);
   }
-  const std::string body =
-      parts.scientific ? RenderScientific(number, parts) : RenderFixed(number, parts);
   // A value that rounds to all zeros is shown without its sign.
-  const bool negative = std::signbit(value) && !number.digits.empty();
-  return negative ? "-" + body : body;
+  if (std::signbit(value) && number.size > 0) out.push_back('-');
+  if (parts.scientific) {
+    AppendScientific(out, number, parts);
+  } else {
+    AppendFixed(out, number, parts);
+  }
+}
+
+std::string FormatNumber(double value, std::string_view pattern) {
+  std::string out;
+  AppendNumber(out, value, pattern);
+  return out;
+}
+
+void AppendText(std::string& out, std::string_view text, std::string_view mask) {
+  const bool left_aligned = !mask.empty() && mask.front() == '!';
+  const size_t width = static_cast<size_t>(std::count(mask.begin(), mask.end(), '@'));
+  if (width == 0) {
+    out += text;
+  } else if (left_aligned) {
+    const std::string_view kept = text.substr(0, width);
+    out += kept;
+    out.append(width - kept.size(), ' ');
+  } else {
+    if (text.size() < width) out.append(width - text.size(), ' ');
+    out += text;
+  }
 }
 
 std::string FormatText(std::string_view text, std::string_view mask) {
-  const bool left_aligned = !mask.empty() && mask.front() == '!';
-  const size_t width = static_cast<size_t>(std::count(mask.begin(), mask.end(), '@'));
-  if (width == 0) return std::string(text);
-  if (left_aligned) {
-    std::string out(text.substr(0, width));
-    out.resize(width, ' ');
-    return out;
-  }
-  if (text.size() >= width) return std::string(text);
-  return std::string(width - text.size(), ' ') + std::string(text);
+  std::string out;
+  AppendText(out, text, mask);
+  return out;
 }
 
 }  // namespace marlview

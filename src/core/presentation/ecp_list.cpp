@@ -78,17 +78,35 @@ std::string EcpUnitLabel(const Session& session, const EcpView& view, int c) {
   return s.ChannelUnitLabel[c][kEcpOutput];
 }
 
-std::string EcpDepthText(const Session& session, int row) {
-  return FormatNumber(session.Sounding().DepthTable(row, session.DepthUnitIsMetric == 1 ? 1 : 2), "##0.000");
+namespace {
+
+void AppendEcpDepth(std::string& out, const Session& session, int row) {
+  AppendNumber(out, session.Sounding().DepthTable(row, session.DepthUnitIsMetric == 1 ? 1 : 2), "##0.000");
 }
 
-std::string EcpCellText(const Session& session, const EcpView& view, int row, int c) {
+// The cell untrimmed: a pressure in the view's unit, or the list's cell of the ECP output.
+void AppendEcpCell(std::string& out, const Session& session, const EcpView& view, int row, int c) {
   const SoundingStore& s = session.Sounding();
   if (IsEcpPressure(s, c)) {
     const int unit = ValidUnit(view.unit);
-    return std::string(TrimBlanks(FormatNumber(s.AlignedFixedPressure[unit](row, c), kPressureFormats[unit])));
+    AppendNumber(out, s.AlignedFixedPressure[unit](row, c), kPressureFormats[unit]);
+  } else {
+    AppendCellText(out, session, row, c, kEcpOutput, false);
   }
-  return std::string(TrimBlanks(CellText(session, row, c, kEcpOutput, false)));
+}
+
+}  // namespace
+
+std::string EcpDepthText(const Session& session, int row) {
+  std::string out;
+  AppendEcpDepth(out, session, row);
+  return out;
+}
+
+std::string EcpCellText(const Session& session, const EcpView& view, int row, int c) {
+  std::string out;
+  AppendEcpCell(out, session, view, row, c);
+  return std::string(TrimBlanks(out));
 }
 
 std::vector<std::string> EcpHeading(const Session& session, const EcpView& view) {
@@ -152,10 +170,18 @@ std::string EcpExport(const Session& session, const EcpView& view) {
   line(names);
   line(units);
   line(rule);
+  // Each cell is formatted into one scratch text and aligned onto the end of the file's text.
+  std::string cell;
   for (int r = 1; r <= s.ReadingCount; ++r) {
-    std::string row = FormatText(EcpDepthText(session, r), kDepthMask);
-    for (int c : view.channels) row += FormatText(EcpCellText(session, view, r, c), kColumnMask);
-    line(row);
+    cell.clear();
+    AppendEcpDepth(cell, session, r);
+    AppendText(out, cell, kDepthMask);
+    for (int c : view.channels) {
+      cell.clear();
+      AppendEcpCell(cell, session, view, r, c);
+      AppendText(out, TrimBlanks(cell), kColumnMask);
+    }
+    out += kLineEnd;
   }
   return out;
 }

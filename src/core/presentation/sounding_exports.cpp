@@ -75,7 +75,7 @@ std::vector<int> WrittenChannels(const Session& session, const ExportOptions& o,
 
 }  // namespace
 
-std::string CellText(const Session& session, int r, int c, int kind, bool raw) {
+void AppendCellText(std::string& out, const Session& session, int r, int c, int kind, bool raw) {
   const SoundingStore& s = session.Sounding();
   // Derived channels exist only aligned.
   const bool unaligned = raw && c <= s.ChannelCount;
@@ -84,16 +84,35 @@ std::string CellText(const Session& session, int r, int c, int kind, bool raw) {
   if (chart >= 0) {
     const auto& labels = session.chart.SbtLabels[chart];
     if (!(v >= 1 && v < static_cast<double>(labels.size())) || std::floor(v) != v) {
-      return chart == kChart1986 ? session.chart.OutOfRange1986 : session.chart.OutOfRange1990;
+      out += chart == kChart1986 ? session.chart.OutOfRange1986 : session.chart.OutOfRange1990;
+      return;
     }
-    return FormatText(FormatNumber(v, "##0"), "@@@") + " " + labels[static_cast<size_t>(v)];
+    // The zone number right-aligned in three columns, then its label.
+    const int zone = static_cast<int>(v);
+    out.append(zone < 10 ? 2 : zone < 100 ? 1 : 0, ' ');
+    AppendNumber(out, v, "##0");
+    out += ' ';
+    out += labels[static_cast<size_t>(v)];
+    return;
   }
-  if (c == s.MunsellChannel && c != 0) return s.MunsellChips[r];
-  if (c == s.TimeChannel && c != 0) return TailClock(s.RowTail[r]);
-  if (s.ChannelName[c].find("SPT") != std::string::npos) return FormatNumber(v, "####0");
-  if (IsColour(s, c)) return FormatNumber(v, "#####0");
-  const std::string& pattern = s.ChannelFormat[c][kind];
-  return FormatNumber(v, pattern.empty() ? "######0.000" : pattern);
+  if (c == s.MunsellChannel && c != 0) {
+    out += s.MunsellChips[r];
+  } else if (c == s.TimeChannel && c != 0) {
+    out += TailClock(s.RowTail[r]);
+  } else if (s.ChannelName[c].find("SPT") != std::string::npos) {
+    AppendNumber(out, v, "####0");
+  } else if (IsColour(s, c)) {
+    AppendNumber(out, v, "#####0");
+  } else {
+    const std::string& pattern = s.ChannelFormat[c][kind];
+    AppendNumber(out, v, pattern.empty() ? "######0.000" : pattern);
+  }
+}
+
+std::string CellText(const Session& session, int r, int c, int kind, bool raw) {
+  std::string out;
+  AppendCellText(out, session, r, c, kind, raw);
+  return out;
 }
 
 std::vector<std::string> TextHeaderBlock(const Session& session, const ExportOptions& o) {
@@ -176,13 +195,24 @@ std::string TxtExport(const Session& session, const ExportOptions& o) {
   line(heading);
   line(units);
   line("");
+  // Each cell is formatted into one scratch text and aligned onto the end of the file's text.
+  std::string cell;
+  const char* depth_format = o.elevation ? "###0.000" : "##0.000";
   for (int r = 1; r <= s.ReadingCount; ++r) {
-    std::string row = FormatText(FormatNumber(Depth(session, r, o), o.elevation ? "###0.000" : "##0.000"), kDepthMask);
+    cell.clear();
+    AppendNumber(cell, Depth(session, r, o), depth_format);
+    AppendText(out, cell, kDepthMask);
     for (int c : channels) {
-      const std::string cell = CellText(session, r, c, kTxtOutput, o.raw);
-      row += ZoneChart(s, c) >= 0 ? " " + cell : FormatText(cell, kColumnMask);
+      cell.clear();
+      AppendCellText(cell, session, r, c, kTxtOutput, o.raw);
+      if (ZoneChart(s, c) >= 0) {
+        out += ' ';
+        out += cell;
+      } else {
+        AppendText(out, cell, kColumnMask);
+      }
     }
-    line(row);
+    out += kLineEnd;
   }
   return out;
 }
@@ -210,10 +240,16 @@ std::string CsvExport(const Session& session, const ExportOptions& o, const std:
   }
   line(heading);
   line(units);
+  std::string cell;
   for (int r = 1; r <= s.ReadingCount; ++r) {
-    std::string row = FormatNumber(Depth(session, r, o), "##0.000");
-    for (int c : channels) row += "," + std::string(TrimBlanks(CellText(session, r, c, kind, o.raw)));
-    line(row);
+    AppendNumber(out, Depth(session, r, o), "##0.000");
+    for (int c : channels) {
+      cell.clear();
+      AppendCellText(cell, session, r, c, kind, o.raw);
+      out += ',';
+      out += TrimBlanks(cell);
+    }
+    out += kLineEnd;
   }
   return out;
 }
@@ -271,40 +307,55 @@ std::string GinExport(const Session& session, GinUnit unit) {
   if (s.ShearStrengthChannel != 0) fields += ",SU";
 
   auto value = [&](int r, int c) { return static_cast<double>(s.AlignedReadings(r, KindColumn(c, kGraphOutput))); };
+  auto field = [&out](double number, const char* format) {
+    out += ',';
+    AppendNumber(out, number, format);
+  };
   auto zone = [&](int r, int c) {
     const double z = value(r, c);
-    return z == 0 ? std::string(",-99.") : "," + FormatNumber(z, "##0.");
+    if (z == 0) {
+      out += ",-99.";
+    } else {
+      field(z, "##0.");
+    }
   };
-  std::vector<std::string> rows;
+  out += "**CPTDATA";
+  out += kLineEnd;
+  out += fields;
+  out += kLineEnd;
   for (int r = 1; r <= n; ++r) {
-    std::string row = point + "," + FormatNumber(depth_of(r), "##0.0000");
-    if (s.SleeveChannel != 0) row += "," + FormatNumber(pressure(r, s.SleeveChannel), pressure_format);
+    out += point;
+    field(depth_of(r), "##0.0000");
+    if (s.SleeveChannel != 0) field(pressure(r, s.SleeveChannel), pressure_format);
     if (s.TipChannel != 0) {
-      const char* tip_format = unit == GinUnit::kMpa ? "###0.00000" : pressure_format;
-      row += "," + FormatNumber(pressure(r, s.TipChannel), tip_format);
-      const int corrected = s.TipQtChannel != 0 ? s.TipQtChannel : s.TipChannel;
-      row += "," + FormatNumber(pressure(r, corrected), pressure_format);
+      field(pressure(r, s.TipChannel), unit == GinUnit::kMpa ? "###0.00000" : pressure_format);
+      field(pressure(r, s.TipQtChannel != 0 ? s.TipQtChannel : s.TipChannel), pressure_format);
     }
     if (s.TipChannel != 0 && s.SleeveChannel != 0) {
-      const int ratio = s.FrictionRatioQtChannel != 0 ? s.FrictionRatioQtChannel : s.FrictionRatioQcChannel;
-      row += "," + FormatNumber(value(r, ratio), "###0.000");
+      field(value(r, s.FrictionRatioQtChannel != 0 ? s.FrictionRatioQtChannel : s.FrictionRatioQcChannel), "###0.000");
     }
     if (s.PorePressureChannel != 0) {
-      const char* u_format = unit == GinUnit::kMpa ? "###0.00000" : fine ? "###0.0000" : "#######0.0000";
-      row += "," + FormatNumber(pressure(r, s.PorePressureChannel), u_format);
+      field(pressure(r, s.PorePressureChannel),
+            unit == GinUnit::kMpa ? "###0.00000" : fine ? "###0.0000" : "#######0.0000");
     }
-    if (s.OverburdenChannel != 0) row += ",0," + FormatNumber(pressure(r, s.OverburdenChannel), ".0000E+00");
-    if (s.EffOverburdenChannel != 0) row += ",0," + FormatNumber(pressure(r, s.EffOverburdenChannel), ".0000E+00");
-    row += "," + FormatNumber(density, "###0.00");
+    if (s.OverburdenChannel != 0) {
+      out += ",0";
+      field(pressure(r, s.OverburdenChannel), ".0000E+00");
+    }
+    if (s.EffOverburdenChannel != 0) {
+      out += ",0";
+      field(pressure(r, s.EffOverburdenChannel), ".0000E+00");
+    }
+    field(density, "###0.00");
     // The zone columns are written from the 1986 charts, whatever the field line names.
-    if (s.Sbt86FrChannel != 0) row += zone(r, s.Sbt86FrChannel);
-    if (s.Sbt86PpChannel != 0) row += zone(r, s.Sbt86PpChannel);
-    if (s.SptChannel != 0) row += zone(r, s.SptChannel);
-    if (s.FrictionAngleChannel != 0) row += "," + FormatNumber(value(r, s.FrictionAngleChannel), "###0.00");
-    if (s.ShearStrengthChannel != 0) row += "," + FormatNumber(pressure(r, s.ShearStrengthChannel), pressure_format);
-    rows.push_back(std::move(row));
+    if (s.Sbt86FrChannel != 0) zone(r, s.Sbt86FrChannel);
+    if (s.Sbt86PpChannel != 0) zone(r, s.Sbt86PpChannel);
+    if (s.SptChannel != 0) zone(r, s.SptChannel);
+    if (s.FrictionAngleChannel != 0) field(value(r, s.FrictionAngleChannel), "###0.00");
+    if (s.ShearStrengthChannel != 0) field(pressure(r, s.ShearStrengthChannel), pressure_format);
+    out += kLineEnd;
   }
-  section("**CPTDATA", fields, rows);
+  out += kLineEnd;
   return out;
 }
 

@@ -34,6 +34,8 @@ std::string GinExport(const Session& session, GinUnit unit);
 // A cell as the list shows it: a zone with its label, SPT as a whole number, the Munsell chip,
 // the time of the reading, or the value in the channel's format for the output kind.
 std::string CellText(const Session& session, int row, int channel, int kind, bool raw);
+// CellText onto the end of out.
+void AppendCellText(std::string& out, const Session& session, int row, int channel, int kind, bool raw);
 
 // The save dialog's filter of each export and the extension rule.
 std::string ExportFilter(const std::string& extension);

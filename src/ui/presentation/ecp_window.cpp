@@ -12,7 +12,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollArea>
-#include <QTableWidget>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <string>
@@ -110,7 +109,7 @@ void FrmSoundingECPData::BuildControls() {
   cmdShowOrderedECPData = button("cmdShowOrderedECPData", "TEMPLATE ORDER");
   cmdSetOrderedECPTemplate = button("cmdSetOrderedECPTemplate", "SET TEMPLATE...");
   layout->addLayout(buttons);
-  grdData = NewDataGrid(central);
+  grdData = new DataGrid(central);
   layout->addWidget(grdData, 1);
   setCentralWidget(central);
 }
@@ -172,8 +171,8 @@ void FrmSoundingECPData::Refill() {
   ShowHeaderBlock(lblHeader, TextHeaderBlock(session_, options));
   std::vector<int> rows(static_cast<size_t>(session_.Sounding().ReadingCount));
   for (size_t i = 0; i < rows.size(); ++i) rows[i] = static_cast<int>(i) + 1;
-  FillDataGrid(
-      grdData, EcpHeading(session_, view_), rows, [this](int r) { return EcpDepthText(session_, r); },
+  grdData->Fill(
+      EcpHeading(session_, view_), rows, [this](int r) { return EcpDepthText(session_, r); },
       [this](int r, int column) { return EcpCellText(session_, view_, r, view_.channels[static_cast<size_t>(column)]); },
       kColumnPixels);
 }

@@ -14,10 +14,10 @@ class QAction;
 class QCheckBox;
 class QPlainTextEdit;
 class QPushButton;
-class QTableWidget;
 
 namespace marlview {
 
+class DataGrid;
 class Session;
 
 class FrmSetOrderedECPTemplate : public QDialog {
@@ -48,7 +48,7 @@ class FrmSoundingECPData : public QMainWindow {
   void Refill();
 
   QPlainTextEdit* lblHeader;
-  QTableWidget* grdData;
+  DataGrid* grdData;
   QPushButton* cmdShowPSIECP;
   QPushButton* cmdShowTSFECP;
   QPushButton* cmdShowKPAECP;

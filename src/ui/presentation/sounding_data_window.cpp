@@ -11,7 +11,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QTableWidget>
 #include <QVBoxLayout>
 #include <string>
 
@@ -69,7 +68,7 @@ void FrmSoundingData::BuildControls() {
   cmdShowCorData = NamedButton(previews, central, "cmdShowCorData", "SHOW .COR DATA");
   previews->addStretch(1);
   layout->addLayout(previews);
-  grdData = NewDataGrid(central);
+  grdData = new DataGrid(central);
   VScroll1 = Named(grdData->verticalScrollBar(), "VScroll1");
   HScroll1 = Named(grdData->horizontalScrollBar(), "HScroll1");
   layout->addWidget(grdData, 1);
@@ -218,8 +217,8 @@ void FrmSoundingData::UpdateChecks() {
 
 void FrmSoundingData::Refill() {
   ShowHeaderBlock(lblHeader, TextHeaderBlock(session_, ListExportOptions(view_, true)));
-  FillDataGrid(
-      grdData, ListHeading(session_, view_), ListRows(session_, view_),
+  grdData->Fill(
+      ListHeading(session_, view_), ListRows(session_, view_),
       [this](int r) { return ListDepthText(session_, view_, r); },
       [this](int r, int column) { return ListCellText(session_, view_, r, view_.channels[static_cast<size_t>(column)]); },
       session_.ColumnWidth * kPixelsPerCharacter);

@@ -14,10 +14,10 @@ class QMenu;
 class QPlainTextEdit;
 class QPushButton;
 class QScrollBar;
-class QTableWidget;
 
 namespace marlview {
 
+class DataGrid;
 class Session;
 
 class FrmSoundingData : public QMainWindow {
@@ -32,7 +32,7 @@ class FrmSoundingData : public QMainWindow {
   void Refill();
 
   QPlainTextEdit* lblHeader;
-  QTableWidget* grdData;
+  DataGrid* grdData;
   QPushButton* cmdShowTXTData;
   QPushButton* cmdShowCSVData;
   QPushButton* cmdShowCorData;
