@@ -173,14 +173,15 @@ Json InfoJson(const SoundingStore& s) {
   return info;
 }
 
+// The table is built in one text, a number at a time, and written at once.
 void WriteChannelsCsv(const SoundingStore& s, const Options& o, std::ostream& out) {
-  out << (o.feet ? "Depth (ft)" : "Depth (m)");
-  for (int c = 1; c <= s.TotalChannels; ++c) out << ',' << CsvField(ToUtf8(s.ChannelName[c]));
-  out << '\n';
+  std::string table = o.feet ? "Depth (ft)" : "Depth (m)";
+  for (int c = 1; c <= s.TotalChannels; ++c) table += ',' + CsvField(ToUtf8(s.ChannelName[c]));
+  table += '\n';
   const int kind = o.kind.value_or(kGraphOutput);
   const bool px_das = s.AcquisitionFamily == kPxDasFamily;
   for (int r = 1; r <= s.ReadingCount; ++r) {
-    out << ShortestText(s.DepthTable(r, o.feet ? 2 : 1));
+    AppendShortestText(table, s.DepthTable(r, o.feet ? 2 : 1));
     for (int c = 1; c <= s.TotalChannels; ++c) {
       float value;
       if (o.raw) {
@@ -193,10 +194,12 @@ void WriteChannelsCsv(const SoundingStore& s, const Options& o, std::ostream& ou
       } else {
         value = s.AlignedReadings(r, KindColumn(c, kind));
       }
-      out << ',' << ShortestText(value);
+      table += ',';
+      AppendShortestText(table, value);
     }
-    out << '\n';
+    table += '\n';
   }
+  out.write(table.data(), static_cast<std::streamsize>(table.size()));
 }
 
 // The channels named on the command line, or the main window's list in its order; false (and the

@@ -103,9 +103,14 @@ double ParseLocalNumber(std::string_view text) {
 }
 
 std::string ShortestText(float value) {
+  std::string out;
+  AppendShortestText(out, value);
+  return out;
+}
+
+void AppendShortestText(std::string& out, float value) {
   char buffer[32];
-  const auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
-  return std::string(buffer, result.ptr);
+  out.append(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
 }
 
 std::string ShortestText(double value) {

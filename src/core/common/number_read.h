@@ -40,6 +40,8 @@ inline int16_t ToInteger16(double value) {
 
 // The shortest text that reads back to the same 32-bit float ("1.5", "0.1", "-32768").
 std::string ShortestText(float value);
+// ShortestText onto the end of out.
+void AppendShortestText(std::string& out, float value);
 // The shortest text that reads back to the same double.
 std::string ShortestText(double value);
 

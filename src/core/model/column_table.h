@@ -21,7 +21,7 @@ class ColumnTable {
   T& operator()(int row, int column) {
     Check(row, column);
     std::vector<T>& cells = columns_[static_cast<size_t>(column)];
-    if (static_cast<size_t>(row) >= cells.size()) cells.resize(static_cast<size_t>(row) + 1);
+    if (static_cast<size_t>(row) >= cells.size()) [[unlikely]] Grow(cells, row);
     return cells[static_cast<size_t>(row)];
   }
   // A cell never written reads as 0.
@@ -33,8 +33,10 @@ class ColumnTable {
 
   // Rows 0..last_row of a column, grown to last_row, for walking a channel in depth order.
   T* Column(int column, int last_row) {
-    (*this)(last_row, column);
-    return columns_[static_cast<size_t>(column)].data();
+    Check(last_row, column);
+    std::vector<T>& cells = columns_[static_cast<size_t>(column)];
+    if (static_cast<size_t>(last_row) >= cells.size()) Grow(cells, last_row);
+    return cells.data();
   }
   // How many rows of a column hold memory; the rows past it read as 0.
   int RowsHeld(int column) const {
@@ -76,6 +78,8 @@ class ColumnTable {
   void Check(int row, int column) const {
     if (row < 0 || row >= rows_ || column < 0 || static_cast<size_t>(column) >= columns_.size()) Fail(kErrSubscript);
   }
+  // Out of the way of the reads and writes within a column, which are by far the most.
+  [[gnu::noinline]] static void Grow(std::vector<T>& cells, int row) { cells.resize(static_cast<size_t>(row) + 1); }
 
   int rows_;
   std::vector<std::vector<T>> columns_;
