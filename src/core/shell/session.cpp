@@ -50,6 +50,8 @@ std::string Session::SettingsPath(const std::string& name) const {
 
 void Session::CommitSounding() {
   std::swap(sounding_, spare_);
+  // The sounding that was current is done with: its readings' memory goes back at once.
+  spare_->ResetSounding();
   slots_->RecordCatalogue(CurrentSlot, *sounding_);
 }
 
