@@ -25,6 +25,40 @@ TEST(SoundingStore, BoundsAreDeclaredAndAnIndexPastThemFails) {
   EXPECT_EQ(store.AlignedReadings(0, 0), 0);
 }
 
+TEST(ColumnTable, AColumnHoldsTheRowsWrittenToItAndNoMore) {
+  ColumnTable<float> table(30000, 540);
+  EXPECT_EQ(table.CellsHeld(), 0u);
+  table(12, 7) = 2.5f;
+  EXPECT_EQ(table.RowsHeld(7), 13);
+  EXPECT_EQ(table.RowsHeld(8), 0);
+  // Rows below the one written, and every row of an unwritten column, read as 0.
+  EXPECT_EQ(table(3, 7), 0);
+  const ColumnTable<float>& read_only = table;
+  EXPECT_EQ(read_only(29999, 540), 0);
+  EXPECT_EQ(table.RowsHeld(540), 0) << "reading through a const table grows nothing";
+  EXPECT_FAILURE(read_only(30001, 1), kErrSubscript, "");
+
+  // A channel walked in depth order: its rows lie together.
+  float* column = table.Column(9, 100);
+  for (int r = 0; r <= 100; ++r) column[r] = static_cast<float>(r);
+  EXPECT_EQ(table(57, 9), 57);
+  table.ClearColumnRows(9, 1, 99);
+  EXPECT_EQ(table(57, 9), 0);
+  EXPECT_EQ(table(100, 9), 100);
+  EXPECT_FAILURE(table.Column(table.MaxColumn() + 1, 1), kErrSubscript, "");
+
+  ColumnTable<float> copy(30000, 540);
+  copy.CopyColumnsFrom(table, 7, 8);
+  EXPECT_EQ(copy(12, 7), 2.5f);
+  EXPECT_EQ(copy.RowsHeld(9), 0);
+  ColumnTable<float> other_shape(10000, 100);
+  EXPECT_FAILURE(other_shape.CopyColumnsFrom(table, 1, 2), kErrSubscript, "");
+
+  table.Clear();
+  EXPECT_EQ(table.CellsHeld(), 0u);
+  EXPECT_EQ(table(12, 7), 0);
+}
+
 TEST(SoundingStore, ResetEmptiesTheSoundingAndWhatWasUsed) {
   SoundingStore store;
   store.AcquisitionFamily = kKorvanDatFamily;

@@ -75,6 +75,25 @@ class SoundingDataTest : public QObject {
     QCOMPARE(window->grdData->columnWidth(1), t_->session->ColumnWidth * 7);
   }
 
+  // The grid is a view over the store: of 10000 readings only the rows on the screen are formatted.
+  void aLongListFormatsOnlyTheCellsInView() {
+    marlview::DataGrid grid(nullptr);
+    grid.resize(600, 400);
+    std::vector<int> rows(10000);
+    for (int i = 0; i < 10000; ++i) rows[static_cast<size_t>(i)] = i + 1;
+    int formatted = 0;
+    grid.Fill({"Depth", "Tip"}, rows, [&](int r) { ++formatted; return std::to_string(r); },
+              [&](int r, int) { ++formatted; return std::to_string(r * 2); }, 100);
+    grid.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&grid));
+    QCOMPARE(grid.RowCount(), 10000);
+    QVERIFY2(formatted > 0 && formatted < 500, qPrintable(QString::number(formatted)));
+    grid.scrollToBottom();
+    QCoreApplication::processEvents();
+    QCOMPARE(grid.CellText(9999, 1), QString("20000"));
+    QVERIFY2(formatted < 1000, qPrintable(QString::number(formatted)));
+  }
+
   void viewMenusChangeTheDepthsAndTheRowsShown() {
     FrmSoundingData* window = OpenList();
     window->mnuFeet->trigger();
