@@ -17,6 +17,9 @@ void ReadBytes(benchmark::State& state, const std::string& bytes) {
     benchmark::DoNotOptimize(outcome);
   }
   state.SetBytesProcessed(static_cast<int64_t>(state.iterations()) * static_cast<int64_t>(bytes.size()));
+  // What the sounding's readings hold in memory, beside the file's own size.
+  state.counters["store_MB"] = static_cast<double>(t.session->SpareStore().ReadingBytesHeld()) / 1e6;
+  state.counters["file_MB"] = static_cast<double>(bytes.size()) / 1e6;
 }
 
 void BM_ReadDemoSounding(benchmark::State& state) { ReadBytes(state, test::ReadSample("CPT-A01.DAT")); }
