@@ -78,6 +78,15 @@ struct ChannelTables {
   // First and last depth of a channel added from a text file.
   PerChannel<float> ChannelDataStart{};
   PerChannel<float> ChannelDataEnd{};
+  // PX DAS channel table, kept as the file gave it so that a save writes it back: the channel
+  // number and name cells (trimmed), the unit after the range, the text row and the number row.
+  PerChannel<std::string> CptChannelNumber;
+  PerChannel<std::string> CptChannelName;
+  PerChannel<std::string> CptUnitText;
+  PerChannel<std::string> CptRowTextA;
+  PerChannel<float> CptRowNumberB{};
+  // The closing baseline line of a PX DAS file, as read.
+  PerChannel<float> CptEndBaseline{};
 };
 
 // Which channel plays each role; 0 when the sounding has none.
