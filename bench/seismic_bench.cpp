@@ -9,7 +9,7 @@
 
 #include "core/seismic/conditioning.h"
 #include "core/seismic/seismic_readers.h"
-#include "core/seismic/seismic_store.h"
+#include "core/session/seismic_store.h"
 
 namespace marlview {
 namespace {

@@ -5,8 +5,8 @@
 
 #include "core/common/runtime_failure.h"
 #include "core/common/user_prompts.h"
+#include "core/session/session.h"
 #include "core/shell/add_data.h"
-#include "core/shell/session.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include "core/common/user_prompts.h"
 #include "core/io/dat_reader.h"
 #include "core/model/unit_tables.h"
-#include "core/shell/session.h"
+#include "core/session/session.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 #include "core/dissipation/t50_utility.h"
 #include "core/model/unit_tables.h"
 #include "core/presentation/recording_surface.h"
-#include "core/shell/session.h"
+#include "core/session/session.h"
 
 namespace marlview::fuzz {
 

@@ -8,7 +8,7 @@
 #include "core/common/runtime_failure.h"
 #include "core/common/user_prompts.h"
 #include "core/seismic/seismic_readers.h"
-#include "core/seismic/seismic_store.h"
+#include "core/session/seismic_store.h"
 
 namespace {
 

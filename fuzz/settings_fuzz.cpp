@@ -5,8 +5,8 @@
 #include "core/common/runtime_failure.h"
 #include "core/model/catalogue.h"
 #include "core/model/unit_tables.h"
+#include "core/session/session.h"
 #include "core/settings/settings_files.h"
-#include "core/shell/session.h"
 
 namespace {
 

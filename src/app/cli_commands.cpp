@@ -14,19 +14,19 @@
 #include "app/cli_globals.h"
 #include "app/cli_prompts.h"
 #include "app/cli_seismic.h"
+#include "core/common/file_access.h"
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
 #include "core/derivation/derived_channels.h"
-#include "core/common/file_access.h"
 #include "core/presentation/ecp_list.h"
 #include "core/presentation/sounding_exports.h"
 #include "core/presentation/sounding_plot.h"
-#include "render/image_surface.h"
-#include "render/pdf_print_job.h"
-#include "core/shell/session.h"
+#include "core/session/session.h"
 #include "core/shell/shell_controller.h"
 #include "core/shell/startup.h"
+#include "render/image_surface.h"
+#include "render/pdf_print_job.h"
 
 namespace marlview {
 namespace {

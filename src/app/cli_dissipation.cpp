@@ -10,7 +10,7 @@
 #include "core/common/text_rules.h"
 #include "core/dissipation/dissipation_plot.h"
 #include "core/dissipation/t50_utility.h"
-#include "core/shell/session.h"
+#include "core/session/session.h"
 #include "core/shell/shell_controller.h"
 #include "render/image_surface.h"
 #include "render/pdf_print_job.h"

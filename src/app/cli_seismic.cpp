@@ -19,7 +19,7 @@
 #include "core/seismic/conditioning.h"
 #include "core/seismic/seismic_controller.h"
 #include "core/seismic/seismic_open.h"
-#include "core/shell/session.h"
+#include "core/session/session.h"
 #include "core/shell/startup.h"
 
 namespace marlview {

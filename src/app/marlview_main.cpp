@@ -1,7 +1,7 @@
 // The desktop program: one session, its start-up, then the main window.
 #include <QApplication>
 
-#include "core/shell/session.h"
+#include "core/session/session.h"
 #include "core/shell/startup.h"
 #include "ui/common/qt_prompts.h"
 #include "ui/shell/form1.h"

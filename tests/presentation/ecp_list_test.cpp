@@ -7,7 +7,7 @@
 #include "core/common/file_access.h"
 #include "core/io/dat_reader.h"
 #include "core/presentation/ecp_list.h"
-#include "core/shell/session.h"
+#include "core/session/session.h"
 #include "support/test_support.h"
 
 namespace marlview {

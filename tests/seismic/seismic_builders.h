@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "core/seismic/seismic_store.h"
+#include "core/session/seismic_store.h"
 
 namespace marlview::test {
 

@@ -11,7 +11,7 @@
 #include "core/common/runtime_failure.h"
 #include "core/common/user_prompts.h"
 #include "core/io/dat_reader.h"
-#include "core/shell/session.h"
+#include "core/session/session.h"
 
 namespace marlview::test {
 

@@ -6,7 +6,7 @@
 #include "core/common/number_format.h"
 #include "core/derivation/derived_channels.h"
 #include "core/model/conversion.h"
-#include "core/shell/session.h"
+#include "core/session/session.h"
 
 namespace marlview {
 namespace {

@@ -11,7 +11,7 @@
 #include "core/derivation/sbt1986.h"
 #include "core/derivation/sbt1990.h"
 #include "core/model/catalogue.h"
-#include "core/shell/session.h"
+#include "core/session/session.h"
 
 namespace marlview {
 namespace {

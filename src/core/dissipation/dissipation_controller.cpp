@@ -7,7 +7,7 @@
 #include "core/common/number_format.h"
 #include "core/common/runtime_failure.h"
 #include "core/dissipation/dissipation_readers.h"
-#include "core/shell/session.h"
+#include "core/session/session.h"
 
 namespace marlview {
 namespace {

@@ -10,8 +10,8 @@
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
 #include "core/presentation/axis_scale.h"
+#include "core/session/session.h"
 #include "core/settings/settings_files.h"
-#include "core/shell/session.h"
 
 namespace marlview {
 namespace {

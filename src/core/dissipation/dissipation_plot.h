@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "core/common/user_prompts.h"
-#include "core/dissipation/dissipation_set.h"
 #include "core/presentation/drawing_surface.h"
+#include "core/session/dissipation_set.h"
 
 namespace marlview {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "core/common/user_prompts.h"
-#include "core/dissipation/dissipation_set.h"
+#include "core/session/dissipation_set.h"
 
 namespace marlview {
 

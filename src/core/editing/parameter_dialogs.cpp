@@ -8,8 +8,8 @@
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
 #include "core/derivation/derived_channels.h"
+#include "core/session/session.h"
 #include "core/settings/settings_files.h"
-#include "core/shell/session.h"
 
 namespace marlview {
 namespace {

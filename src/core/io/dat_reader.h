@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "core/common/user_prompts.h"
-#include "core/shell/session.h"
+#include "core/session/session.h"
 
 namespace marlview {
 

@@ -10,8 +10,8 @@
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
 #include "core/presentation/sounding_exports.h"
+#include "core/session/session.h"
 #include "core/settings/settings_files.h"
-#include "core/shell/session.h"
 
 namespace marlview {
 namespace {

@@ -8,7 +8,7 @@
 #include "core/common/number_read.h"
 #include "core/common/text_rules.h"
 #include "core/derivation/sbt1983.h"
-#include "core/shell/session.h"
+#include "core/session/session.h"
 
 namespace marlview {
 namespace {

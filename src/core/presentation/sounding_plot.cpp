@@ -10,7 +10,7 @@
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
-#include "core/shell/session.h"
+#include "core/session/session.h"
 
 namespace marlview {
 namespace {

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "core/common/user_prompts.h"
-#include "core/seismic/seismic_store.h"
-#include "core/shell/session.h"
+#include "core/session/seismic_store.h"
+#include "core/session/session.h"
 
 namespace marlview {
 

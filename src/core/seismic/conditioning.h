@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "core/common/user_prompts.h"
-#include "core/seismic/seismic_store.h"
+#include "core/session/seismic_store.h"
 
 namespace marlview {
 

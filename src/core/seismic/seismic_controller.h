@@ -11,8 +11,8 @@
 
 #include "core/common/user_prompts.h"
 #include "core/seismic/arrival_picking.h"
-#include "core/seismic/seismic_store.h"
-#include "core/shell/session.h"
+#include "core/session/seismic_store.h"
+#include "core/session/session.h"
 
 namespace marlview {
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "core/common/user_prompts.h"
-#include "core/shell/session.h"
+#include "core/session/session.h"
 
 namespace marlview {
 

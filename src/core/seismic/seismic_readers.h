@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "core/common/user_prompts.h"
-#include "core/seismic/seismic_store.h"
+#include "core/session/seismic_store.h"
 
 namespace marlview {
 

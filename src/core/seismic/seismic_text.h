@@ -7,7 +7,7 @@
 
 #include <vector>
 #include "core/common/line_cursor.h"
-#include "core/seismic/seismic_store.h"
+#include "core/session/seismic_store.h"
 
 namespace marlview {
 

@@ -8,7 +8,7 @@
 
 #include "core/common/user_prompts.h"
 #include "core/dissipation/dissipation_controller.h"
-#include "core/shell/session.h"
+#include "core/session/session.h"
 
 namespace marlview {
 

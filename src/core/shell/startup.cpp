@@ -7,6 +7,7 @@
 #include "core/common/file_access.h"
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
+#include "core/derivation/sbt1983.h"
 
 namespace marlview {
 namespace fs = std::filesystem;

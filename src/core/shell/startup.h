@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/common/user_prompts.h"
-#include "core/shell/session.h"
+#include "core/session/session.h"
 
 namespace marlview {
 

@@ -7,7 +7,7 @@
 #include <QStringList>
 
 #include "core/common/text_rules.h"
-#include "core/shell/session.h"
+#include "core/session/session.h"
 
 namespace marlview {
 

@@ -7,7 +7,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "core/shell/session.h"
+#include "core/session/session.h"
 #include "core/shell/shell_controller.h"
 #include "ui/common/event_guard.h"
 #include "ui/common/named.h"

@@ -9,7 +9,7 @@
 #include <QVBoxLayout>
 
 #include "core/common/runtime_failure.h"
-#include "core/shell/session.h"
+#include "core/session/session.h"
 #include "render/pdf_print_job.h"
 #include "ui/common/event_guard.h"
 #include "ui/common/named.h"

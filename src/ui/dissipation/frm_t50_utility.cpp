@@ -13,7 +13,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include "core/shell/session.h"
+#include "core/session/session.h"
 #include "ui/common/event_guard.h"
 #include "ui/common/named.h"
 #include "ui/common/qt_prompts.h"

@@ -8,9 +8,9 @@
 #include <QPushButton>
 
 #include "core/editing/parameter_dialogs.h"
-#include "core/shell/session.h"
-#include "ui/common/named.h"
+#include "core/session/session.h"
 #include "ui/common/event_guard.h"
+#include "ui/common/named.h"
 #include "ui/common/qt_prompts.h"
 
 namespace marlview {

@@ -18,11 +18,11 @@
 
 #include "core/presentation/sounding_exports.h"
 #include "core/presentation/sounding_list.h"
-#include "core/shell/session.h"
+#include "core/session/session.h"
 #include "ui/common/event_guard.h"
 #include "ui/common/named.h"
-#include "ui/presentation/data_table.h"
 #include "ui/common/qt_prompts.h"
+#include "ui/presentation/data_table.h"
 
 namespace marlview {
 namespace {

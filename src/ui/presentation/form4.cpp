@@ -16,9 +16,9 @@
 
 #include "core/common/number_format.h"
 #include "core/common/runtime_failure.h"
-#include "core/shell/session.h"
-#include "ui/common/named.h"
+#include "core/session/session.h"
 #include "ui/common/event_guard.h"
+#include "ui/common/named.h"
 #include "ui/common/qt_prompts.h"
 #include "ui/editing/parameter_dialogs_ui.h"
 #include "ui/presentation/plot_dialogs.h"

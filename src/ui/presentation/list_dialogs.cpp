@@ -11,7 +11,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "core/shell/session.h"
+#include "core/session/session.h"
 #include "ui/common/event_guard.h"
 #include "ui/common/named.h"
 #include "ui/common/qt_prompts.h"

@@ -13,9 +13,9 @@
 #include "core/common/number_format.h"
 #include "core/common/number_read.h"
 #include "core/common/text_rules.h"
-#include "core/shell/session.h"
-#include "ui/common/named.h"
+#include "core/session/session.h"
 #include "ui/common/event_guard.h"
+#include "ui/common/named.h"
 #include "ui/common/qt_prompts.h"
 
 namespace marlview {

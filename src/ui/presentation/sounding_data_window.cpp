@@ -15,13 +15,13 @@
 #include <string>
 
 #include "core/presentation/sounding_exports.h"
-#include "core/shell/session.h"
-#include "ui/common/named.h"
-#include "ui/presentation/data_table.h"
-#include "ui/presentation/list_dialogs.h"
+#include "core/session/session.h"
 #include "ui/common/event_guard.h"
+#include "ui/common/named.h"
 #include "ui/common/qt_prompts.h"
 #include "ui/editing/parameter_dialogs_ui.h"
+#include "ui/presentation/data_table.h"
+#include "ui/presentation/list_dialogs.h"
 #include "ui/presentation/printer_print_job.h"
 
 namespace marlview {

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "core/common/user_prompts.h"
-#include "core/shell/session.h"
+#include "core/session/session.h"
 #include "core/shell/shell_controller.h"
 
 class QAction;

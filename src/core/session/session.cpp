@@ -1,5 +1,5 @@
 // The session and where its files live.
-#include "core/shell/session.h"
+#include "core/session/session.h"
 
 #include <cstdlib>
 #include <utility>

@@ -1,6 +1,6 @@
 // The seismic store: allocation once at full size, resets that touch only what was used, the
 // strike means and the removal of a test.
-#include "core/seismic/seismic_store.h"
+#include "core/session/seismic_store.h"
 
 #include <algorithm>
 #include <cstring>

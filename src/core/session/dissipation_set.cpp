@@ -1,5 +1,5 @@
 // The dissipation store, its percentage series and the main window's information lines.
-#include "core/dissipation/dissipation_set.h"
+#include "core/session/dissipation_set.h"
 
 #include <algorithm>
 #include <cstring>

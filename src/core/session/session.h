@@ -7,13 +7,13 @@
 #include <string>
 #include <vector>
 
-#include "core/derivation/sbt1983.h"
-#include "core/dissipation/dissipation_set.h"
 #include "core/model/catalogue.h"
 #include "core/model/sounding_slots.h"
 #include "core/model/sounding_store.h"
 #include "core/model/unit_tables.h"
-#include "core/seismic/seismic_store.h"
+#include "core/session/chart_data.h"
+#include "core/session/dissipation_set.h"
+#include "core/session/seismic_store.h"
 #include "core/settings/settings_files.h"
 
 namespace marlview {
