@@ -127,6 +127,8 @@ class DatReader {
       : lines_(bytes), path_(path), session_(session), s_(store), prompts_(prompts) {}
 
   ReadOutcome Read();
+  // The data lines of a second file of the same sounding, behind the store's readings.
+  void ReadAppended(int skip, float depth_base);
 
  private:
   bool ReadFamilyLines();
@@ -151,7 +153,7 @@ class DatReader {
   void ReadEndBaseline(std::string_view line);
   void ReadReading(std::string_view line);
   void ImportMunsellChips();
-  void DepthsFromRodChannel(float start);
+  void DepthsFromRodChannel(float start, int first_row = 1);
   void ConvertAndAlign();
 
   std::string_view Cell(std::string_view line, int c) const {
@@ -163,6 +165,10 @@ class DatReader {
   }
 
   LineCursor lines_;
+  // Added to each depth field: the start depth, or for an appended file the depth the first
+  // file ends at plus the offset between the two.
+  float depth_base_ = 0;
+  bool appending_ = false;
   const std::string& path_;
   Session& session_;
   SoundingStore& s_;
@@ -184,6 +190,7 @@ ReadOutcome DatReader::Read() {
     return ReadOutcome::kRefused;
   }
   ReadHeader();
+  depth_base_ = s_.StartDepth;
   ReadChannelTable();
   SkipToData();
   ReadDataLines();
@@ -508,7 +515,8 @@ void DatReader::ReadDataLines() {
     if (s_.IsMunsellFile) line += lines_.Next();
     if (TrimBlanks(line).empty()) continue;
     if (ContainsNoCase(line, "BASELINE")) {
-      ReadEndBaseline(line);
+      // A combined sounding keeps the baselines of its first file.
+      if (!appending_) ReadEndBaseline(line);
       continue;
     }
     ReadReading(line);
@@ -536,7 +544,7 @@ void DatReader::ReadReading(std::string_view line) {
     --s_.ReadingCount;
   };
   if (Family1()) {
-    const double depth = StrictNumber(Columns(line, 0, kDepthWidth)) + s_.StartDepth;
+    const double depth = StrictNumber(Columns(line, 0, kDepthWidth)) + depth_base_;
     s_.DepthTable(r, 1) = ToSingle(depth);
     s_.DepthTable(r, 2) = ToSingle(session_.FeetPerMetre * s_.DepthTable(r, 1));
     rest = ColumnsFrom(line, kDepthWidth + 1);
@@ -601,12 +609,12 @@ void DatReader::ImportMunsellChips() {
 
 // Files without a depth column take their depths from the rod depth sensor, in feet. The start
 // depth is added to the feet and again to the metres, as the field systems' own reports do.
-void DatReader::DepthsFromRodChannel(float start) {
+void DatReader::DepthsFromRodChannel(float start, int first_row) {
   const int n = s_.ReadingCount;
   for (int c = 1; c <= s_.ChannelCount; ++c) {
     if (!ContainsNoCase(s_.ChannelName[c], "Rod Depth")) continue;
     const auto& cal = s_.ChannelCalRows[c];
-    for (int r = 1; r <= n; ++r) {
+    for (int r = first_row; r <= n; ++r) {
       double value = 0;
       if (cal[0] != 0 && cal[1] != 0 && cal[2] != 0) {
         value = (static_cast<double>(s_.RawReadings(r, c)) - s_.ChannelBaseline[c]) /
@@ -644,6 +652,15 @@ void DatReader::DepthsFromRodChannel(float start) {
   s_.ReadingCount = kept;
 }
 
+void DatReader::ReadAppended(int skip, float depth_base) {
+  appending_ = true;
+  depth_base_ = depth_base;
+  const int first = s_.ReadingCount + 1;
+  lines_.Skip(skip);
+  ReadDataLines();
+  if (!Family1()) DepthsFromRodChannel(depth_base, first);
+}
+
 // Engineering values, then spikes (asked about once for a run of opens), then the values again and
 // the alignment to the tip.
 void DatReader::ConvertAndAlign() {
@@ -668,6 +685,14 @@ void DatReader::ConvertAndAlign() {
 ReadOutcome ReadDatSounding(std::string_view bytes, const std::string& path, Session& session,
                             SoundingStore& store, UserPrompts& prompts) {
   return InProcedure("OpenDatSounding", [&] { return DatReader(bytes, path, session, store, prompts).Read(); });
+}
+
+void ReadAppendedDatReadings(std::string_view bytes, int skip, float depth_base, Session& session, SoundingStore& store,
+                             UserPrompts& prompts) {
+  InProcedure("AppendDatFile", [&] {
+    const std::string path = store.SoundingPath;
+    DatReader(bytes, path, session, store, prompts).ReadAppended(skip, depth_base);
+  });
 }
 
 ReadOutcome OpenDatSounding(Session& session, UserPrompts& prompts, const std::string& path) {

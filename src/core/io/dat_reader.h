@@ -19,6 +19,13 @@ enum class ReadOutcome { kLoaded, kRefused };
 ReadOutcome ReadDatSounding(std::string_view bytes, const std::string& path, Session& session,
                             SoundingStore& store, UserPrompts& prompts);
 
+// Reads the data lines of a second file of the same sounding behind the store's readings: every
+// line after the first `skip`, each depth field moved down by depth_base (metres), with the
+// duplicate depth test of an open. The store's header, channel table and baselines stay. The
+// engineering values, alignment and derivation are the caller's to run afterwards.
+void ReadAppendedDatReadings(std::string_view bytes, int skip, float depth_base, Session& session, SoundingStore& store,
+                             UserPrompts& prompts);
+
 // Reads the file at path into the session's spare store and makes it the current sounding when
 // the read succeeds; a failed read leaves the current sounding as it was.
 ReadOutcome OpenDatSounding(Session& session, UserPrompts& prompts, const std::string& path);
