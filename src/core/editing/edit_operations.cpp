@@ -11,7 +11,9 @@
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
+#include "core/derivation/artefacts.h"
 #include "core/derivation/derived_channels.h"
+#include "core/derivation/push_speed.h"
 #include "core/io/dat_reader.h"
 #include "core/model/conversion.h"
 #include "core/session/session.h"
@@ -412,6 +414,22 @@ bool RemoveChannel(Session& session, int channel, UserPrompts& prompts) {
   ConvertAll(session);
   Recompute(session);
   return true;
+}
+
+int RemoveRodBreaksAtPauses(Session& session) {
+  SoundingStore& s = session.Sounding();
+  RemovalUndo undo;
+  int removed = 0;
+  // The pauses are found first: each removal derives the sounding again, the time stamps stay.
+  std::vector<int> rows;
+  for (int r = 3; r <= s.ReadingCount - 2; ++r) {
+    if (TailSeconds(s.RowTail[r]) - TailSeconds(s.RowTail[r - 1]) >= session.rod_break.Threshold) rows.push_back(r);
+  }
+  for (int r : rows) {
+    RemoveReadings(session, r, r, undo);
+    ++removed;
+  }
+  return removed;
 }
 
 bool CombineCaution(UserPrompts& prompts) {

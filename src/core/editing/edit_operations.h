@@ -66,6 +66,10 @@ bool DeleteReading(Session& session, int row, bool adjusted_view, UserPrompts& p
 // channels move down by one.
 bool RemoveChannel(Session& session, int channel, UserPrompts& prompts);
 
+// mnuRemoveRodBreaks without its window: each reading that follows a pause of at least the rod
+// break threshold is removed as a right click on it removes it. Gives the number removed.
+int RemoveRodBreaksAtPauses(Session& session);
+
 // mnuCombine's first question: the caution about combining, OK or Cancel.
 bool CombineCaution(UserPrompts& prompts);
 // The chosen file's first line must give the current sounding's family; told when it does not.
