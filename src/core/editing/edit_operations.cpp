@@ -37,16 +37,30 @@ bool ReadEntry(std::string_view entry, double& value) {
 
 bool IsRodDepth(const SoundingStore& s, int c) { return ContainsNoCase(s.ChannelName[c], "Rod Depth"); }
 
-// The end of every edit: channels aligned, the derivation with the file's channels, the deepest
-// reading and the step between the first two.
-void Recompute(Session& session) {
+void Derive(Session& session) {
   SoundingStore& s = session.Sounding();
-  if (s.AcquisitionFamily != kPxDasFamily) {
-    for (int c = 1; c <= s.ChannelCount; ++c) AlignChannel(s, c);
-  }
   ComputeDerivedChannels(session, s.ChannelCount);
   s.MaxDepth = s.ReadingCount > 0 ? s.DepthTable(s.ReadingCount, 1) : 0;
   if (s.ReadingCount >= 2) s.DepthInterval = s.DepthTable(2, 1) - s.DepthTable(1, 1);
+}
+
+// The end of an edit of some channels' values: those channels aligned, then the derivation with
+// the file's channels, the deepest reading and the step between the first two.
+void RecomputeChannels(Session& session, const std::vector<int>& channels) {
+  SoundingStore& s = session.Sounding();
+  if (s.AcquisitionFamily != kPxDasFamily) {
+    for (int c : channels) {
+      if (c >= 1 && c <= s.ChannelCount) AlignChannel(s, c);
+    }
+  }
+  Derive(session);
+}
+
+// The end of an edit of depths or of the whole table: every channel aligned again.
+void Recompute(Session& session) {
+  std::vector<int> all;
+  for (int c = 1; c <= session.Sounding().ChannelCount; ++c) all.push_back(c);
+  RecomputeChannels(session, all);
 }
 
 // Every raw channel converted again from its raw readings.
@@ -118,7 +132,7 @@ void RemoveNegatives(Session& session, const std::vector<int>& channels) {
       InvertAndConvert(session, c, r);
     }
   }
-  Recompute(session);
+  RecomputeChannels(session, channels);
 }
 
 void ShiftChannels(Session& session, const std::vector<std::pair<int, double>>& amounts) {
@@ -131,7 +145,9 @@ void ShiftChannels(Session& session, const std::vector<std::pair<int, double>>& 
       InvertAndConvert(session, c, r);
     }
   }
-  Recompute(session);
+  std::vector<int> shifted;
+  for (const auto& amount : amounts) shifted.push_back(amount.first);
+  RecomputeChannels(session, shifted);
 }
 
 bool AdjustDepth(Session& session, std::string_view old_depth, std::string_view new_depth, UserPrompts& prompts) {
@@ -235,7 +251,7 @@ bool ChangeTipConfiguration(Session& session, bool ball, std::string_view diamet
     s.BallTip = false;
   }
   if (s.TipChannel != 0) ConvertChannel(s, session.units, s.TipChannel);
-  Recompute(session);
+  RecomputeChannels(session, {s.TipChannel});
   return true;
 }
 
@@ -266,7 +282,7 @@ bool SetReading(Session& session, int row, int channel, std::string_view entry, 
     s.ChannelReadings(row, KindColumn(channel, kGraphOutput)) = ToSingle(value);
     InvertAndConvert(session, channel, row);
   }
-  Recompute(session);
+  RecomputeChannels(session, {channel});
   return true;
 }
 
@@ -317,7 +333,7 @@ bool SetChannelBox(Session& session, int channel, ChannelBox box, std::string_vi
   }
   ConvertChannel(s, session.units, channel);
   if (s.EndBaselinePresent) ComputeEndBaselines(s, session.units);
-  Recompute(session);
+  RecomputeChannels(session, {channel});
   return true;
 }
 
