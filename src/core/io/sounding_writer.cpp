@@ -30,8 +30,9 @@ constexpr std::string_view kCptMissingValue = "-32768";
 constexpr float kUndefinedWaterTable = -99;
 
 // The fewest digits the formatter gives that read back to the same 32-bit float, for the numbers a
-// layout leaves free: a crew types "2.5" or "0.0125" as a sensitivity and wants to see it back, and
-// a count of -32768 stays "-32768". Scientific when the plain form grows past a PX DAS cell.
+// layout leaves free: a header's start depth and water table, and the PX DAS sensitivities, ranges
+// and counts. A crew types "2.5" or "0.0125" as a sensitivity and wants to see it back, and a
+// count of -32768 stays "-32768". Scientific when the plain form would not fit a PX DAS cell.
 void AppendExactNumber(std::string& out, float value) {
   static constexpr std::array<std::string_view, 10> kPlain = {
       "0", "0.0", "0.00", "0.000", "0.0000", "0.00000", "0.000000", "0.0000000", "0.00000000", "0.000000000"};
