@@ -1,6 +1,7 @@
 // File access shared by every reader and writer.
 #include "core/common/file_access.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -32,16 +33,33 @@ std::string ReadWholeFile(const std::string& path) {
   return std::move(*bytes);
 }
 
-void WriteFileAtomically(const std::string& path, std::string_view bytes) {
+namespace {
+
+// The run-time failure that tells the user why a file could not be written.
+int WriteFailureNumber(int error, bool opening) {
+  if (error == ENOSPC || error == EDQUOT) return kErrDiskFull;
+  if (opening) return error == ENOENT || error == ENOTDIR ? kErrPathNotFound : kErrPathAccess;
+  return error == EIO ? kErrDeviceIo : kErrPathAccess;
+}
+
+}  // namespace
+
+void WriteFileAtomically(const std::string& path, std::string_view bytes, const FileWriteFunction& write) {
   const std::string temporary = path + ".marlview-tmp";
   std::FILE* file = std::fopen(temporary.c_str(), "wb");
-  if (file == nullptr) Fail(kErrPathAccess);
-  const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size() &&
-                       std::fflush(file) == 0 && ::fsync(fileno(file)) == 0;
+  if (file == nullptr) Fail(WriteFailureNumber(errno, true));
+  errno = 0;
+  const size_t put = write ? write(file, bytes) : std::fwrite(bytes.data(), 1, bytes.size(), file);
+  const bool written = put == bytes.size() && std::fflush(file) == 0 && ::fsync(fileno(file)) == 0;
+  // The first failure says why; closing after it may fail again for the same reason.
+  int error = written ? 0 : errno;
   const bool closed = std::fclose(file) == 0;
-  if (!written || !closed || std::rename(temporary.c_str(), path.c_str()) != 0) {
+  if (written && !closed) error = errno;
+  const bool renamed = written && closed && std::rename(temporary.c_str(), path.c_str()) == 0;
+  if (written && closed && !renamed) error = errno;
+  if (!renamed) {
     std::remove(temporary.c_str());
-    Fail(kErrPathAccess);
+    Fail(WriteFailureNumber(error, false));
   }
 }
 

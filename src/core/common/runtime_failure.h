@@ -15,8 +15,11 @@ enum FailureNumber : int {
   kErrDivisionByZero = 11,
   kErrTypeMismatch = 13,
   kErrFileNotFound = 53,
+  kErrDeviceIo = 57,
+  kErrDiskFull = 61,
   kErrPastEndOfFile = 62,
   kErrPathAccess = 75,
+  kErrPathNotFound = 76,
 };
 
 class RuntimeFailure : public std::runtime_error {
