@@ -11,6 +11,7 @@
 #include <nlohmann/json.hpp>
 
 #include "app/cli_dissipation.h"
+#include "app/cli_edit.h"
 #include "app/cli_globals.h"
 #include "app/cli_prompts.h"
 #include "app/cli_seismic.h"
@@ -59,6 +60,7 @@ constexpr const char* kUsage =
     "                    dissipation FILE [--test N --t50 --u0 U0 --u100 U100]\n"
     "                    dissipation FILE --plot -o OUT.png|OUT.pdf [--test N]... [--mode pressure|percent-max|\n"
     "                                percent-head] [--time linear|log|sqrt]\n"
+    "                    edit FILE [OPERATION]... (-o OUT [--dat-compatible] | --channels [--kind K])\n"
     "                    seismic FILE [OPERATION]... [--waves | --velocities]\n";
 
 struct Options : GlobalOptions {
@@ -173,35 +175,6 @@ Json InfoJson(const SoundingStore& s) {
   return info;
 }
 
-// The table is built in one text, a number at a time, and written at once.
-void WriteChannelsCsv(const SoundingStore& s, const Options& o, std::ostream& out) {
-  std::string table = o.feet ? "Depth (ft)" : "Depth (m)";
-  for (int c = 1; c <= s.TotalChannels; ++c) table += ',' + CsvField(ToUtf8(s.ChannelName[c]));
-  table += '\n';
-  const int kind = o.kind.value_or(kGraphOutput);
-  const bool px_das = s.AcquisitionFamily == kPxDasFamily;
-  for (int r = 1; r <= s.ReadingCount; ++r) {
-    AppendShortestText(table, s.DepthTable(r, o.feet ? 2 : 1));
-    for (int c = 1; c <= s.TotalChannels; ++c) {
-      float value;
-      if (o.raw) {
-        value = px_das ? (c <= kMaxCptRawChannels ? s.CptRawReadings(r, c) : 0.0f)
-                       : s.RawReadings(r, c);
-      } else if (o.mirror) {
-        value = s.AlignedFixedPressure[*o.mirror](r, c);
-      } else if (o.unaligned) {
-        value = s.ChannelReadings(r, KindColumn(c, kind));
-      } else {
-        value = s.AlignedReadings(r, KindColumn(c, kind));
-      }
-      table += ',';
-      AppendShortestText(table, value);
-    }
-    table += '\n';
-  }
-  out.write(table.data(), static_cast<std::streamsize>(table.size()));
-}
-
 // The channels named on the command line, or the main window's list in its order; false (and the
 // usage) for a name the sounding does not have.
 bool ChooseChannels(ShellController& controller, const Options& options, size_t limit, std::ostream& err) {
@@ -291,9 +264,39 @@ int RunPlot(Session& session, ShellController& controller, CliPrompts& prompts, 
 
 }  // namespace
 
+// The table is built in one text, a number at a time, and written at once.
+void WriteChannelsCsv(const SoundingStore& s, const ChannelTableView& o, std::ostream& out) {
+  std::string table = o.feet ? "Depth (ft)" : "Depth (m)";
+  for (int c = 1; c <= s.TotalChannels; ++c) table += ',' + CsvField(ToUtf8(s.ChannelName[c]));
+  table += '\n';
+  const int kind = o.kind.value_or(kGraphOutput);
+  const bool px_das = s.AcquisitionFamily == kPxDasFamily;
+  for (int r = 1; r <= s.ReadingCount; ++r) {
+    AppendShortestText(table, s.DepthTable(r, o.feet ? 2 : 1));
+    for (int c = 1; c <= s.TotalChannels; ++c) {
+      float value;
+      if (o.raw) {
+        value = px_das ? (c <= kMaxCptRawChannels ? s.CptRawReadings(r, c) : 0.0f)
+                       : s.RawReadings(r, c);
+      } else if (o.mirror) {
+        value = s.AlignedFixedPressure[*o.mirror](r, c);
+      } else if (o.unaligned) {
+        value = s.ChannelReadings(r, KindColumn(c, kind));
+      } else {
+        value = s.AlignedReadings(r, KindColumn(c, kind));
+      }
+      table += ',';
+      AppendShortestText(table, value);
+    }
+    table += '\n';
+  }
+  out.write(table.data(), static_cast<std::streamsize>(table.size()));
+}
+
 int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
            const std::string& program_directory) {
   if (IsSeismicCommand(args)) return RunSeismic(args, out, err, program_directory);
+  if (IsEditCommand(args)) return RunEdit(args, out, err, program_directory);
   Options options;
   try {
     options = Parse(args);
@@ -301,10 +304,6 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
     const std::string& command = options.positional[0];
     if (command != "info" && command != "channels" && command != "plot" && command != "export" &&
         command != "dissipation") {
-      static const char* kLater[] = {"edit"};
-      for (const char* later : kLater) {
-        if (command == later) throw UsageError("'" + command + "' is not available in this version of marlview-cli yet");
-      }
       throw UsageError("unknown subcommand '" + command + "'");
     }
     if (options.positional.size() != 2) throw UsageError(command + " takes one FILE");
@@ -381,7 +380,7 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
   if (options.positional[0] == "info") {
     out << InfoJson(s).dump(2) << '\n';
   } else {
-    WriteChannelsCsv(s, options, out);
+    WriteChannelsCsv(s, {options.feet, options.kind, options.mirror, options.unaligned, options.raw}, out);
   }
   return prompts.ErrorShown() ? 1 : 0;
 }

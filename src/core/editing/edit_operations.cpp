@@ -2,6 +2,8 @@
 // readings, every channel aligned to the tip, and the derived channels computed again.
 #include "core/editing/edit_operations.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -15,6 +17,7 @@
 #include "core/derivation/derived_channels.h"
 #include "core/derivation/push_speed.h"
 #include "core/io/dat_reader.h"
+#include "core/io/sounding_writer.h"
 #include "core/model/conversion.h"
 #include "core/session/session.h"
 
@@ -509,6 +512,18 @@ bool AppendDatFile(Session& session, UserPrompts& prompts, const std::string& pa
   Recompute(session);
   if (s.EndBaselinePresent) ComputeEndBaselines(s, session.units);
   return true;
+}
+
+bool SaveSoundingAs(Session& session, UserPrompts& prompts, const std::string& path, bool dat_compatible) {
+  if (FileExists(path)) {
+    // A file that is write-protected is not replaced behind the user's back.
+    if (::access(path.c_str(), W_OK) != 0) {
+      prompts.Tell(path + " already exists. Cannot Overwrite");
+      return false;
+    }
+    if (prompts.Ask(path + " already exists. Overwrite?", Buttons::kYesNo) != Answer::kYes) return false;
+  }
+  return SaveSounding(session, prompts, path, dat_compatible);
 }
 
 }  // namespace marlview

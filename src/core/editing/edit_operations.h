@@ -79,4 +79,9 @@ bool AppendFamilyMatches(const Session& session, UserPrompts& prompts, std::stri
 // do not fit together (told in the system's words).
 bool AppendDatFile(Session& session, UserPrompts& prompts, const std::string& path, std::string_view offset_entry);
 
+// mnuSaveAs after its dialog, and the DAT compatible export: an existing name asks
+// name + " already exists. Overwrite?", and one that cannot be replaced is told so; then the
+// sounding is saved. False when nothing was written.
+bool SaveSoundingAs(Session& session, UserPrompts& prompts, const std::string& path, bool dat_compatible);
+
 }  // namespace marlview
