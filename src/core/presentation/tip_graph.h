@@ -33,11 +33,11 @@ enum class TipGraphChannel { kTip, kFriction };
 
 // The texts of the window's labels.
 struct TipGraphLabels {
-  std::string tip_caption;   // lblTipCaption: "TIP " or "FRICTION ", by the graph under the pointer
-  std::string tip_value;     // lblTipValue: that channel at the highlighted reading, or "N/A"
-  std::string depth_caption; // lblDepthCaption: "DEPTH (m): " and the reading's depth, or "N/A"
-  std::string y_min, y_max;  // lblYMin, lblYMax: the window of depth
-  std::string x_min, x_max;  // lblXMin, lblXMax: the value axis of the graph under the pointer
+  std::string tip_caption;    // lblTipCaption: "TIP " or "FRICTION ", by the graph under the pointer
+  std::string tip_value;      // lblTipValue: that channel at the highlighted reading, or "N/A"
+  std::string depth_caption;  // lblDepthCaption: "DEPTH (m): " and the reading's depth, or "N/A"
+  std::string y_min, y_max;   // lblYMin, lblYMax: the window of depth
+  std::string x_min, x_max;   // lblXMin, lblXMax: the value axis of the graph under the pointer
 };
 
 class TipGraph {
