@@ -84,7 +84,6 @@ class PlotDrawing {
   void Header();
   void DepthAxis();
   void Column(int i);
-  void Curve(int i);
   void StepCurve(int i, bool zones);
   void WaterTable();
   void Comments();
@@ -198,54 +197,7 @@ void PlotDrawing::Column(int i) {
   const int style = s_.ChannelCurveStyle[c];
   if (style == 2) StepCurve(i, true);
   else if (style == 1) StepCurve(i, false);
-  else Curve(i);
-}
-
-// A connected trace through the readings, cut at the column's limits; on screen a long series is
-// drawn as the range of its values in each pixel row.
-void PlotDrawing::Curve(int i) {
-  const int c = plot_.PlotChannels[i];
-  const double left = plot_.PlotColumnLeft[i], right = left + plot_.PlotColumnWidth[i];
-  const double top = plot_.PlotAreaTop, bottom = top + plot_.PlotAreaHeight;
-  const double min = plot_.AxisMin[i], max = plot_.AxisMax[i];
-  const double span = max - min;
-  if (span == 0) return;
-  auto x_of = [&](double v) { return left + (v - min) / span * plot_.PlotColumnWidth[i]; };
-  const int n = s_.ReadingCount;
-  const double pixel = std::abs(g_.PixelHeight());
-  const bool decimate = !g_.IsPrinter() && pixel > 0 && n > 2 * plot_.PlotAreaHeight / pixel;
-  if (!decimate) {
-    for (int r = 2; r <= n; ++r) {
-      double x0 = x_of(Value(s_, r - 1, c)), y0 = DepthToY(plot_, Depth(r - 1));
-      double x1 = x_of(Value(s_, r, c)), y1 = DepthToY(plot_, Depth(r));
-      if (CutToRectangle(x0, y0, x1, y1, left, top, right, bottom)) g_.Line(x0, y0, x1, y1, kRed);
-    }
-    return;
-  }
-  // One vertical stroke per pixel row from the least to the greatest value in it, joined to the next.
-  double row_y = -1, low = 0, high = 0, last_x = 0, last_y = -1;
-  auto flush = [&] {
-    if (row_y < 0) return;
-    double a = low, b = high, ya = row_y, yb = row_y;
-    if (last_y >= 0) {
-      double jx0 = last_x, jy0 = last_y, jx1 = a, jy1 = row_y;
-      if (CutToRectangle(jx0, jy0, jx1, jy1, left, top, right, bottom)) g_.Line(jx0, jy0, jx1, jy1, kRed);
-    }
-    if (CutToRectangle(a, ya, b, yb, left, top, right, bottom)) g_.Line(a, ya, b, yb, kRed);
-    last_x = high, last_y = row_y;
-  };
-  for (int r = 1; r <= n; ++r) {
-    const double y = DepthToY(plot_, Depth(r));
-    const double snapped = top + std::floor((y - top) / pixel) * pixel;
-    const double x = x_of(Value(s_, r, c));
-    if (snapped != row_y) {
-      flush();
-      row_y = snapped, low = x, high = x;
-    } else {
-      low = std::min(low, x), high = std::max(high, x);
-    }
-  }
-  flush();
+  else DrawTrace(g_, plot_, session_, i, s_.AlignedReadings, KindColumn(c, kGraphOutput), kRed);
 }
 
 // Soil behaviour types as bars in their zone colours; SPT N* as a step trace of its own.
@@ -408,6 +360,56 @@ void DivideColumns(PlotState& plot, const SoundingStore& s) {
     plot.PlotColumnWidth[i] = std::floor(share * plot.PlotAreaWidth);
     left = plot.PlotColumnLeft[i] + plot.PlotColumnWidth[i];
   }
+}
+
+// A connected trace through the readings, cut at the column's limits; on screen a long series is
+// drawn as the range of its values in each pixel row.
+void DrawTrace(DrawingSurface& g, const PlotState& plot, const Session& session, int i,
+               const ColumnTable<float>& table, int table_column, Colour colour) {
+  const SoundingStore& s = session.Sounding();
+  const double left = plot.PlotColumnLeft[i], right = left + plot.PlotColumnWidth[i];
+  const double top = plot.PlotAreaTop, bottom = top + plot.PlotAreaHeight;
+  const double min = plot.AxisMin[i], max = plot.AxisMax[i];
+  const double span = max - min;
+  if (span == 0) return;
+  auto x_of = [&](double v) { return left + (v - min) / span * plot.PlotColumnWidth[i]; };
+  auto value = [&](int r) { return static_cast<double>(table(r, table_column)); };
+  auto depth = [&](int r) { return PlotDepth(plot, session, s.DepthTable(r, 1)); };
+  const int n = s.ReadingCount;
+  const double pixel = std::abs(g.PixelHeight());
+  const bool decimate = !g.IsPrinter() && pixel > 0 && n > 2 * plot.PlotAreaHeight / pixel;
+  if (!decimate) {
+    for (int r = 2; r <= n; ++r) {
+      double x0 = x_of(value(r - 1)), y0 = DepthToY(plot, depth(r - 1));
+      double x1 = x_of(value(r)), y1 = DepthToY(plot, depth(r));
+      if (CutToRectangle(x0, y0, x1, y1, left, top, right, bottom)) g.Line(x0, y0, x1, y1, colour);
+    }
+    return;
+  }
+  // One vertical stroke per pixel row from the least to the greatest value in it, joined to the next.
+  double row_y = -1, low = 0, high = 0, last_x = 0, last_y = -1;
+  auto flush = [&] {
+    if (row_y < 0) return;
+    double a = low, b = high, ya = row_y, yb = row_y;
+    if (last_y >= 0) {
+      double jx0 = last_x, jy0 = last_y, jx1 = a, jy1 = row_y;
+      if (CutToRectangle(jx0, jy0, jx1, jy1, left, top, right, bottom)) g.Line(jx0, jy0, jx1, jy1, colour);
+    }
+    if (CutToRectangle(a, ya, b, yb, left, top, right, bottom)) g.Line(a, ya, b, yb, colour);
+    last_x = high, last_y = row_y;
+  };
+  for (int r = 1; r <= n; ++r) {
+    const double y = DepthToY(plot, depth(r));
+    const double snapped = top + std::floor((y - top) / pixel) * pixel;
+    const double x = x_of(value(r));
+    if (snapped != row_y) {
+      flush();
+      row_y = snapped, low = x, high = x;
+    } else {
+      low = std::min(low, x), high = std::max(high, x);
+    }
+  }
+  flush();
 }
 
 void GraphData(DrawingSurface& surface, double width, double height, PlotState& plot, const Session& session) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/common/user_prompts.h"
+#include "core/model/column_table.h"
 #include "core/presentation/drawing_surface.h"
 
 namespace marlview {
@@ -66,6 +67,11 @@ void DivideColumns(PlotState& plot, const SoundingStore& store);
 double PlotDepth(const PlotState& plot, const Session& session, double depth_m);
 double DepthToY(const PlotState& plot, double depth);
 double ValueToX(const PlotState& plot, int column, double value);
+
+// The trace of column i from table_column of table (a kind of a channel), by the plot's mapping and
+// cut at the column's limits; the rod break tool draws its graphs through it too.
+void DrawTrace(DrawingSurface& surface, const PlotState& plot, const Session& session, int i,
+               const ColumnTable<float>& table, int table_column, Colour colour);
 
 // Draws the whole plot on surface, whose logical size is width x height.
 void GraphData(DrawingSurface& surface, double width, double height, PlotState& plot, const Session& session);

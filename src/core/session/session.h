@@ -41,6 +41,8 @@ struct WindowFlags {
   bool ListWindowOpen = false;
   bool EcpWindowOpen = false;
   bool EditWindowOpen = false;
+  // The rod break tool, over whichever of them opened it.
+  bool TipGraphWindowOpen = false;
 };
 
 class Session {

@@ -21,6 +21,7 @@
 #include "ui/common/named.h"
 #include "ui/common/qt_prompts.h"
 #include "ui/editing/parameter_dialogs_ui.h"
+#include "ui/presentation/frm_enlarged_tip_graph.h"
 #include "ui/presentation/plot_dialogs.h"
 #include "ui/presentation/printer_print_job.h"
 #include "ui/presentation/widget_surface.h"
@@ -101,6 +102,12 @@ void Form4::BuildControls() {
   lblFrictionOffsetIn = Named(new QLabel(central), "lblFrictionOffsetIn");
   bottom->addWidget(lblFrictionOffsetIn);
   bottom->addStretch(1);
+  // The instructions of the plot's own rod break mode, which this version leaves to the rod break
+  // tool: kept with the window, not shown.
+  lblRodBreakInstructions = Named(new QLabel(kRodBreakInstructions, central), "lblRodBreakInstructions");
+  lblRodBreakInstructions->setWordWrap(true);
+  lblRodBreakInstructions->hide();
+  bottom->addWidget(lblRodBreakInstructions);
   // For sets of soundings, which this version does not plot.
   cmdPreviousTest = Named(new QPushButton("<< PREVIOUS", central), "cmdPreviousTest");
   cmdNextTest = Named(new QPushButton("NEXT >>", central), "cmdNextTest");
@@ -125,7 +132,7 @@ void Form4::BuildMenus() {
   QMenu* edit = menuBar()->addMenu("&Edit");
   edit->setObjectName("mnuEditMenu");
   mnuEdit = NamedAction(edit, "mnuEdit", "&Edit Sounding...");
-  mnuRemoveRodBreaks = NamedAction(edit, "mnuRemoveRodBreaks", "&Remove Rod Breaks");
+  mnuRemoveRodBreaks = NamedAction(edit, "mnuRemoveRodBreaks", kRemoveRodBreaksMenuCaption);
   mnuAddComments = NamedAction(edit, "mnuAddComments", "Add &Comments...");
   mnuWaterTable = NamedAction(edit, "mnuWaterTable", "&Water Table Depth...");
   mnuWetDensity = NamedAction(edit, "mnuWetDensity", "Wet &Density...");
@@ -190,7 +197,8 @@ void Form4::Connect() {
   on(mnuAdjustLogo, "mnuAdjustLogo_Click", [this] { NotAvailable("Adjusting the logo"); });
   on(mnuEdit, "mnuEdit_Click", [this] { NotAvailable("The sounding editor"); });
   on(mnuPrintSettings, "mnuPrintSettings_Click", [this] { NotAvailable("The sounding print settings"); });
-  on(mnuRemoveRodBreaks, "mnuRemoveRodBreaks_Click", [this] { NotAvailable("Removing rod breaks"); });
+  on(mnuRemoveRodBreaks, "mnuRemoveRodBreaks_Click",
+     [this] { OpenEnlargedTipGraph(session_, prompts_, this, plot_.DepthUnit); });
   on(mnuSaveAs, "mnuSaveAs_Click", [this] { NotAvailable("Saving the sounding"); });
 
   // Returning may close and delete this window, so nothing of it is touched afterwards.

@@ -54,6 +54,7 @@ class Form4 : public QMainWindow {
   std::vector<QLabel*> lblChannelValue;
   QLabel* lblFrictionOffsetCM;
   QLabel* lblFrictionOffsetIn;
+  QLabel* lblRodBreakInstructions;
   QPushButton* cmdPreviousTest;
   QPushButton* cmdNextTest;
   QAction* mnuPrint;

@@ -21,6 +21,7 @@
 #include "ui/common/qt_prompts.h"
 #include "ui/editing/parameter_dialogs_ui.h"
 #include "ui/presentation/data_table.h"
+#include "ui/presentation/frm_enlarged_tip_graph.h"
 #include "ui/presentation/list_dialogs.h"
 #include "ui/presentation/printer_print_job.h"
 
@@ -105,7 +106,7 @@ void FrmSoundingData::BuildMenus() {
   QMenu* edit = menuBar()->addMenu("&Edit");
   edit->setObjectName("mnuEdit");
   mnuEditData = NamedAction(edit, "mnuEditData", "&Edit Data...");
-  mnuRemoveRodBreaks = NamedAction(edit, "mnuRemoveRodBreaks", "&Remove Rod Breaks");
+  mnuRemoveRodBreaks = NamedAction(edit, "mnuRemoveRodBreaks", kRemoveRodBreaksMenuCaption);
   mnuWaterTable = NamedAction(edit, "mnuWaterTable", "&Water Table Depth...");
   mnuWetDensity = NamedAction(edit, "mnuWetDensity", "Wet &Density...");
 
@@ -201,7 +202,8 @@ void FrmSoundingData::Connect() {
   }
   Handle(mnuSaveSedimaxtxtFile, "mnuSaveSedimaxtxtFile_Click", [] {}, false);
   Handle(mnuEditData, "mnuEditData_Click", [this] { NotAvailable("The data editor"); }, false);
-  Handle(mnuRemoveRodBreaks, "mnuRemoveRodBreaks_Click", [this] { NotAvailable("Removing rod breaks"); }, false);
+  Handle(mnuRemoveRodBreaks, "mnuRemoveRodBreaks_Click",
+         [this] { OpenEnlargedTipGraph(session_, prompts_, this, view_.depth_unit); }, true);
   // Closing may lead the main window to delete this one later, so nothing of it is touched afterwards.
   connect(mnuReturn, &QAction::triggered, this,
           [this] { RunGuarded(prompts_, "mnuReturn_Click", [&] { close(); }); });
