@@ -165,7 +165,7 @@ TEST_F(EditTest, RemovingAChannelKeepsItsLimitsAndMovesTheRestDown) {
   EXPECT_EQ(t.prompts.Log().back(), "! CANNOT REMOVE ROD DEPTH");
 }
 
-TEST_F(EditTest, NormalizingResamplesTheFileAtTheInterval) {
+TEST_F(EditTest, NormalizingResamplesTheReadingsAtTheInterval) {
   DatFile file = SimpleDat(0);
   // Depths every 3 cm from 0.03 to 0.30 m; the tip is 10 x depth.
   for (int r = 1; r <= 10; ++r) file.rows.push_back({0.03 * r, 0.3 * r, 0.002, 0.01});
@@ -174,6 +174,8 @@ TEST_F(EditTest, NormalizingResamplesTheFileAtTheInterval) {
   EXPECT_EQ(t.prompts.Log(), std::vector<std::string>{"! Please enter a valid interval"});
   EXPECT_EQ(s().ReadingCount, 10) << "an empty interval changes nothing";
 
+  // An edit made before resampling stays.
+  ASSERT_TRUE(SetReading(*t.session, 10, s().TipChannel, "9", false, t.prompts));
   ASSERT_TRUE(NormalizeDepthIntervals(*t.session, "20", t.prompts));
   // (0.30 - 0) / 0.02 + 1 targets from the start depth.
   EXPECT_EQ(s().ReadingCount, 16);
@@ -182,6 +184,7 @@ TEST_F(EditTest, NormalizingResamplesTheFileAtTheInterval) {
   EXPECT_FLOAT_EQ(s().DepthTable(16, 1), 0.30f);
   EXPECT_NEAR(Graph(5, s().TipChannel), 0.8, 1e-5) << "0.08 m between the readings at 0.06 and 0.09";
   EXPECT_NEAR(Graph(1, s().TipChannel), 0.3, 1e-6) << "above the first reading: the first reading";
+  EXPECT_FLOAT_EQ(Graph(16, s().TipChannel), 9);
 }
 
 TEST_F(EditTest, CombiningChecksTheFamiliesAndAddsTheSecondFileBelow) {

@@ -180,18 +180,17 @@ bool NormalizeDepthIntervals(Session& session, std::string_view interval_mm, Use
     return false;
   }
   SoundingStore& s = session.Sounding();
-  // The readings as the file holds them: read again into the spare store, so a file that cannot
-  // be read leaves the sounding as it was.
-  SoundingStore& file = session.SpareStore();
-  const std::string bytes = InProcedure("OpenDatSounding", [&] { return ReadWholeFile(s.SoundingPath); });
-  if (ReadDatSounding(bytes, s.SoundingPath, session, file, prompts) != ReadOutcome::kLoaded) return false;
-  const int rows = file.ReadingCount;
+  // The resampling reads from a copy of the present readings, so the edits made before it stay.
+  const ColumnTable<float> depths = s.DepthTable;
+  const ColumnTable<float> raw = s.RawReadings;
+  const ReadingList<std::string> tails = s.RowTail;
+  const ReadingList<std::string> chips = s.MunsellChips;
+  const int rows = s.ReadingCount;
   const double step = interval / 1000;
   const double start = s.StartDepth;
-  const double last = rows > 0 ? file.DepthTable(rows, 1) : start;
+  const double last = rows > 0 ? depths(rows, 1) : start;
   const double span = (last - start) / step;
   if (rows < 1 || !(span >= 0) || span + 1 > kMaxReadings) {
-    file.ResetSounding();
     prompts.Tell("Please enter a valid interval");
     return false;
   }
@@ -204,9 +203,9 @@ bool NormalizeDepthIntervals(Session& session, std::string_view interval_mm, Use
   int j = 1;
   for (int i = 1; i <= n; ++i) {
     const double target = (i - 1) * step + start;
-    while (j < rows && file.DepthTable(j, 1) < target) ++j;
+    while (j < rows && depths(j, 1) < target) ++j;
     const int below = j, above = std::max(1, j - 1);
-    const double d0 = file.DepthTable(above, 1), d1 = file.DepthTable(below, 1);
+    const double d0 = depths(above, 1), d1 = depths(below, 1);
     const double weight = d1 > d0 ? std::clamp((target - d0) / (d1 - d0), 0.0, 1.0) : 1.0;
     SetDepth(session, i, target);
     for (int c = 1; c <= s.ChannelCount; ++c) {
@@ -214,13 +213,13 @@ bool NormalizeDepthIntervals(Session& session, std::string_view interval_mm, Use
       if (IsRodDepth(s, c)) {
         value = ContainsNoCase(s.RodDefaultUnit, "m") ? target : target * session.FeetPerMetre;
       } else {
-        const double v0 = file.RawReadings(above, c), v1 = file.RawReadings(below, c);
+        const double v0 = raw(above, c), v1 = raw(below, c);
         value = v0 + (v1 - v0) * weight;
       }
       s.RawReadings(i, c) = ToSingle(value);
     }
-    s.RowTail[i] = file.RowTail[below];
-    s.MunsellChips[i] = file.MunsellChips[below];
+    s.RowTail[i] = tails[below];
+    s.MunsellChips[i] = chips[below];
   }
   for (int r = n + 1; r <= s.ReadingCount; ++r) {
     for (int c = 1; c <= s.ChannelCount; ++c) s.RawReadings(r, c) = 0;
@@ -229,9 +228,8 @@ bool NormalizeDepthIntervals(Session& session, std::string_view interval_mm, Use
     s.MunsellChips[r].clear();
   }
   s.ReadingCount = n;
-  // A target past the deepest reading of the file is dropped.
+  // A target past the deepest reading is dropped.
   while (s.ReadingCount > 1 && s.DepthTable(s.ReadingCount, 1) > last) --s.ReadingCount;
-  file.ResetSounding();
   ConvertAll(session);
   Recompute(session);
   return true;

@@ -36,8 +36,8 @@ void ShiftChannels(Session& session, const std::vector<std::pair<int, double>>& 
 // frmAdjustDepth: depths scale by new / old total depth, and so does the rod depth channel.
 bool AdjustDepth(Session& session, std::string_view old_depth, std::string_view new_depth, UserPrompts& prompts);
 
-// frmNormalizeDepthIntervals: the file is read again and resampled to one reading every interval
-// (entered in millimetres) from the start depth.
+// frmNormalizeDepthIntervals: the readings resampled to one every interval (entered in
+// millimetres) from the start depth, each interpolated between the two readings around it.
 bool NormalizeDepthIntervals(Session& session, std::string_view interval_mm, UserPrompts& prompts);
 
 // frmTipConfiguration: a conventional tip, or a ball of the entered diameter in mm.
