@@ -188,7 +188,9 @@ void Form4::Connect() {
   on(mnuElevation, "mnuElevation_Click", [this] { plot_.ElevationMode = true; });
   on(mnuDepth, "mnuDepth_Click", [this] { plot_.ElevationMode = false; });
   on(mnuAdjustLogo, "mnuAdjustLogo_Click", [this] { NotAvailable("Adjusting the logo"); });
-  on(mnuEdit, "mnuEdit_Click", [this] { NotAvailable("The sounding editor"); });
+  on(mnuEdit, "mnuEdit_Click", [this] {
+    if (open_editor_) open_editor_();
+  });
   on(mnuPrintSettings, "mnuPrintSettings_Click", [this] { NotAvailable("The sounding print settings"); });
   on(mnuRemoveRodBreaks, "mnuRemoveRodBreaks_Click", [this] { NotAvailable("Removing rod breaks"); });
   on(mnuSaveAs, "mnuSaveAs_Click", [this] { NotAvailable("Saving the sounding"); });

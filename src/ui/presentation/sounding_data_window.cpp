@@ -200,7 +200,9 @@ void FrmSoundingData::Connect() {
     save(action, "mnuExportGin_Click", "gIN", [this, unit = unit] { return GinExport(session_, unit); });
   }
   Handle(mnuSaveSedimaxtxtFile, "mnuSaveSedimaxtxtFile_Click", [] {}, false);
-  Handle(mnuEditData, "mnuEditData_Click", [this] { NotAvailable("The data editor"); }, false);
+  Handle(mnuEditData, "mnuEditData_Click", [this] {
+    if (open_editor_) open_editor_();
+  }, false);
   Handle(mnuRemoveRodBreaks, "mnuRemoveRodBreaks_Click", [this] { NotAvailable("Removing rod breaks"); }, false);
   // Closing may lead the main window to delete this one later, so nothing of it is touched afterwards.
   connect(mnuReturn, &QAction::triggered, this,
