@@ -171,6 +171,12 @@ class FrmEditTest : public QObject {
     QCOMPARE(editor->txtDepth->model()->rowCount(), 1250);
     QCOMPARE(Cell(editor->txtDepth, 0), QString("0.020"));
     QCOMPARE(editor->txtColumnInitialBaseline[0]->text(), QString("-1.234000E-002"));
+    // The depth and the value columns scroll as one.
+    editor->txtColumn[2]->scrollToBottom();
+    QVERIFY(editor->scrReadings->value() > 1000);
+    QCOMPARE(editor->scrReadings->value(), editor->scrReadings->maximum());
+    QCOMPARE(editor->txtDepth->verticalScrollBar()->value(), editor->scrReadings->value());
+    QCOMPARE(editor->txtColumn[7]->verticalScrollBar()->value(), editor->scrReadings->value());
 
     // A header box typed in changes its field and counts as a change.
     editor->txtClient->clear();
