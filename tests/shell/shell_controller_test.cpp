@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "core/editing/edit_operations.h"
 #include "core/seismic/seismic_open.h"
 #include "core/shell/shell_controller.h"
 #include "support/test_support.h"
@@ -172,6 +173,31 @@ TEST_F(ShellTest, PiezoFilterMovesTheSleeveAndRealigns) {
   EXPECT_NEAR(s.ChannelOffset[2] - without, 0.245 / 12 / kFeetPerMetre, 1e-6);
   EXPECT_NE(s.AlignedReadings(10, KindColumn(2, kGraphOutput)), aligned);
   EXPECT_TRUE(controller.View().piezo_checked);
+}
+
+TEST_F(ShellTest, TheEditorOpensOnADatSoundingAndItsChangesReachTheLists) {
+  EXPECT_FALSE(controller.EditSounding()) << "no sounding open";
+  test::DatFile file = test::SimpleDat(3);
+  file.channels.push_back({.sensor = "Temperature"});
+  for (auto& row : file.rows) row.push_back(0.6);
+  t.data.Write("CPT-T01.DAT", file.Bytes());
+  Open(t.data.File("CPT-T01.DAT"));
+  EXPECT_TRUE(controller.EditSounding());
+  const auto row_of = [&](const std::string& name) {
+    const auto& rows = controller.View().available_rows;
+    return static_cast<int>(std::find(rows.begin(), rows.end(), name) - rows.begin());
+  };
+  SelectRows({row_of("Tip Resistance (Qc)"), row_of("Temperature")});
+  ASSERT_EQ(controller.View().selected_rows.size(), 2u);
+
+  // The editor took the temperature out: it leaves both lists, the tip stays chosen.
+  SoundingStore& s = t.session->Sounding();
+  ASSERT_TRUE(RemoveChannel(*t.session, 4, t.prompts));
+  controller.SoundingEdited();
+  EXPECT_EQ(controller.View().selected_rows, std::vector<std::string>{"Tip Resistance (Qc)"});
+  EXPECT_EQ(controller.SelectedChannels(), std::vector<int>{s.TipChannel});
+  EXPECT_EQ(row_of("Temperature"), static_cast<int>(controller.View().available_rows.size()));
+  EXPECT_TRUE(controller.View().plot_enabled);
 }
 
 }  // namespace

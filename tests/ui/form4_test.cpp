@@ -179,8 +179,13 @@ class Form4Test : public QObject {
     plot->picPlot->repaint();
     MoveOver(plot);
     QVERIFY2(plot->lblDepth->text().endsWith("(ft)"), qPrintable(plot->lblDepth->text()));
+    // Save As writes the sounding in its own layout where the dialog says.
+    const std::string saved = t_->data.File("SAVED.DAT");
+    t_->prompts.Script({saved});
     plot->mnuSaveAs->trigger();
-    QCOMPARE(Log(), QStringList{"! Saving the sounding is not available in this version of Marlview yet."});
+    QVERIFY(t_->prompts.Texts().empty());
+    const auto bytes = marlview::TryReadWholeFile(saved);
+    QVERIFY(bytes.has_value() && bytes->starts_with("KORVAN FILE VER:"));
   }
 
   void returnAsksThenEndsTheSounding() {

@@ -524,4 +524,18 @@ bool SaveSoundingAs(Session& session, UserPrompts& prompts, const std::string& p
   return SaveSounding(session, prompts, path, dat_compatible);
 }
 
+bool ChooseAndSaveSounding(Session& session, UserPrompts& prompts, bool dat_compatible) {
+  const SoundingStore& s = session.Sounding();
+  FileDialogRequest request;
+  request.title = "Save As";
+  request.filter = s.AcquisitionFamily == kPxDasFamily && !dat_compatible
+                       ? "CPT Files (*.cpt)|*.cpt|All Files (*.*)|*.*"
+                       : "DAT Files (*.dat)|*.dat|All Files (*.*)|*.*";
+  request.start_directory = s.SoundingFolder;
+  request.default_name = s.SoundingFileName;
+  const std::string path = prompts.SaveFile(request);
+  if (path.empty()) return false;
+  return SaveSoundingAs(session, prompts, path, dat_compatible);
+}
+
 }  // namespace marlview

@@ -83,5 +83,8 @@ bool AppendDatFile(Session& session, UserPrompts& prompts, const std::string& pa
 // name + " already exists. Overwrite?", and one that cannot be replaced is told so; then the
 // sounding is saved. False when nothing was written.
 bool SaveSoundingAs(Session& session, UserPrompts& prompts, const std::string& path, bool dat_compatible);
+// mnuSaveAs of the editor, the lists and the plot: the save dialog (DAT or PX DAS files, by the
+// layout written), then SaveSoundingAs. False when nothing was written.
+bool ChooseAndSaveSounding(Session& session, UserPrompts& prompts, bool dat_compatible);
 
 }  // namespace marlview

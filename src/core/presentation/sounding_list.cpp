@@ -108,9 +108,13 @@ std::vector<std::string> ListPrintLines(const Session& session, const ListView& 
 }
 
 void PrintList(PrintJob& job, const Session& session, const ListView& view) {
+  PrintTextLines(job, ListPrintLines(session, view));
+}
+
+void PrintTextLines(PrintJob& job, const std::vector<std::string>& lines) {
   const double width = job.PageWidthPoints(), height = job.PageHeightPoints();
   DrawingSurface* page = nullptr;
-  for (const std::string& line : ListPrintLines(session, view)) {
+  for (const std::string& line : lines) {
     const std::string text = line.empty() ? " " : line;
     if (page == nullptr || page->CurrentY() + page->TextHeight(text) > height - kPageMarginPoints) {
       page = &job.NewPage();

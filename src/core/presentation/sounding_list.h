@@ -44,6 +44,8 @@ ExportOptions ListExportOptions(const ListView& view, bool include_header);
 std::vector<std::string> ListPrintLines(const Session& session, const ListView& view);
 // Prints those lines in a fixed-width font, as many pages as they take.
 void PrintList(PrintJob& job, const Session& session, const ListView& view);
+// Prints text lines as the list is printed: a fixed-width font, top to bottom, page after page.
+void PrintTextLines(PrintJob& job, const std::vector<std::string>& lines);
 
 // The interval box's text: the current interval in millimetres.
 std::string ListIntervalEntry(const ListView& view);

@@ -268,7 +268,30 @@ bool ShellController::ListSounding() {
 }
 
 bool ShellController::ListEcp() { return session_.SoundingOpen; }
-void ShellController::EditSounding() { NotAvailable("The sounding editor"); }
+bool ShellController::EditSounding() {
+  const int family = session_.Sounding().AcquisitionFamily;
+  return session_.SoundingOpen && (family == kKorvanDatFamily || family == kPlainDatFamily);
+}
+
+void ShellController::SoundingEdited() {
+  Guarded("SoundingEdited", [&] {
+    if (!session_.SoundingOpen) return;
+    PopulateChannelList();
+    const SoundingStore& s = session_.Sounding();
+    std::vector<int> kept;
+    std::vector<std::string> kept_rows;
+    for (size_t i = 0; i < selected_.size(); ++i) {
+      const int c = selected_[i];
+      if (c > s.TotalChannels || s.ChannelName[c] != view_.selected_rows[i]) continue;
+      kept.push_back(c);
+      kept_rows.push_back(view_.selected_rows[i]);
+    }
+    selected_ = std::move(kept);
+    view_.selected_rows = std::move(kept_rows);
+    UpdateButtons();
+    FillSoundingInfo();
+  });
+}
 
 bool ShellController::SoundingDone(const std::function<void(ViewWindow)>& close_window) {
   bool done = false;

@@ -58,7 +58,11 @@ class ShellController {
   bool ListSounding();
   // The ECP list button: true when the ECP window is to open on the current sounding.
   bool ListEcp();
-  void EditSounding();
+  // The edit button: true when the editor is to open, which it does for a DAT sounding only.
+  bool EditSounding();
+  // The editor changed the sounding: its channels may have moved, so the lists are built again and
+  // a chosen channel that is no longer there leaves the selection.
+  void SoundingEdited();
   // Closes the sounding after asking about each open window; close_window closes one. False when
   // the user kept a window open.
   bool SoundingDone(const std::function<void(ViewWindow)>& close_window);

@@ -16,6 +16,7 @@
 
 #include "core/common/number_format.h"
 #include "core/common/runtime_failure.h"
+#include "core/editing/edit_operations.h"
 #include "core/session/session.h"
 #include "ui/common/event_guard.h"
 #include "ui/common/named.h"
@@ -195,11 +196,13 @@ void Form4::Connect() {
   on(mnuElevation, "mnuElevation_Click", [this] { plot_.ElevationMode = true; });
   on(mnuDepth, "mnuDepth_Click", [this] { plot_.ElevationMode = false; });
   on(mnuAdjustLogo, "mnuAdjustLogo_Click", [this] { NotAvailable("Adjusting the logo"); });
-  on(mnuEdit, "mnuEdit_Click", [this] { NotAvailable("The sounding editor"); });
+  on(mnuEdit, "mnuEdit_Click", [this] {
+    if (open_editor_) open_editor_();
+  });
   on(mnuPrintSettings, "mnuPrintSettings_Click", [this] { NotAvailable("The sounding print settings"); });
   on(mnuRemoveRodBreaks, "mnuRemoveRodBreaks_Click",
      [this] { OpenEnlargedTipGraph(session_, prompts_, this, plot_.DepthUnit); });
-  on(mnuSaveAs, "mnuSaveAs_Click", [this] { NotAvailable("Saving the sounding"); });
+  on(mnuSaveAs, "mnuSaveAs_Click", [this] { ChooseAndSaveSounding(session_, prompts_, false); });
 
   // Returning may close and delete this window, so nothing of it is touched afterwards.
   connect(mnuReturn, &QAction::triggered, this, [this] {

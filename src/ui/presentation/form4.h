@@ -4,6 +4,7 @@
 
 #include <QMainWindow>
 #include <functional>
+#include <utility>
 #include <vector>
 
 #include "core/common/user_prompts.h"
@@ -46,6 +47,8 @@ class Form4 : public QMainWindow {
   ~Form4() override;
 
   PlotState& Plot() { return plot_; }
+  // What mnuEdit opens: the main window's editor of the sounding.
+  void SetEditOpener(std::function<void()> open_editor) { open_editor_ = std::move(open_editor); }
   // Draws the plot again, after a change to the sounding or the plot's state.
   void Repaint();
 
@@ -98,6 +101,7 @@ class Form4 : public QMainWindow {
   UserPrompts& prompts_;
   PlotState plot_;
   std::function<void()> on_return_;
+  std::function<void()> open_editor_;
   // Until the window is closed; a window closed and deleted later leaves the flag of the next one be.
   bool open_ = true;
   // A failure while painting is reported once, after the paint, never from inside it; again only

@@ -14,6 +14,7 @@
 #include <QVBoxLayout>
 #include <string>
 
+#include "core/editing/edit_operations.h"
 #include "core/presentation/sounding_exports.h"
 #include "core/session/session.h"
 #include "ui/common/event_guard.h"
@@ -101,6 +102,9 @@ void FrmSoundingData::BuildMenus() {
   mnuExportGinMPA = NamedAction(gin, "mnuExportGinMPA", "MPa");
   mnuSaveSedimaxtxtFile = NamedAction(save, "mnuSaveSedimaxtxtFile", "Save Sedimax .txt File");
   file->addSeparator();
+  mnuSaveAs = NamedAction(file, "mnuSaveAs", "Save Sounding &As...");
+  mnuExportLogDATCompatibleDATFile =
+      NamedAction(file, "mnuExportLogDATCompatibleDATFile", "Export LOG DAT Compatible DAT File...");
   mnuReturn = NamedAction(file, "mnuReturn", "&Return to Main Form");
 
   QMenu* edit = menuBar()->addMenu("&Edit");
@@ -201,7 +205,12 @@ void FrmSoundingData::Connect() {
     save(action, "mnuExportGin_Click", "gIN", [this, unit = unit] { return GinExport(session_, unit); });
   }
   Handle(mnuSaveSedimaxtxtFile, "mnuSaveSedimaxtxtFile_Click", [] {}, false);
-  Handle(mnuEditData, "mnuEditData_Click", [this] { NotAvailable("The data editor"); }, false);
+  Handle(mnuSaveAs, "mnuSaveAs_Click", [this] { ChooseAndSaveSounding(session_, prompts_, false); }, false);
+  Handle(mnuExportLogDATCompatibleDATFile, "mnuExportLogDATCompatibleDATFile_Click",
+         [this] { ChooseAndSaveSounding(session_, prompts_, true); }, false);
+  Handle(mnuEditData, "mnuEditData_Click", [this] {
+    if (open_editor_) open_editor_();
+  }, false);
   Handle(mnuRemoveRodBreaks, "mnuRemoveRodBreaks_Click",
          [this] { OpenEnlargedTipGraph(session_, prompts_, this, view_.depth_unit); }, true);
   // Closing may lead the main window to delete this one later, so nothing of it is touched afterwards.

@@ -4,6 +4,7 @@
 
 #include <QMainWindow>
 #include <functional>
+#include <utility>
 #include <vector>
 
 #include "core/common/user_prompts.h"
@@ -28,6 +29,8 @@ class FrmSoundingData : public QMainWindow {
   ~FrmSoundingData() override;
 
   const ListView& View() const { return view_; }
+  // What mnuEditData opens: the main window's editor of the sounding.
+  void SetEditOpener(std::function<void()> open_editor) { open_editor_ = std::move(open_editor); }
   // Fills the header and the table again, after a change to the sounding or the view.
   void Refill();
 
@@ -50,6 +53,8 @@ class FrmSoundingData : public QMainWindow {
   QAction* mnuExportGinKPA;
   QAction* mnuExportGinMPA;
   QAction* mnuSaveSedimaxtxtFile;
+  QAction* mnuSaveAs;
+  QAction* mnuExportLogDATCompatibleDATFile;
   QAction* mnuReturn;
   QAction* mnuEditData;
   QAction* mnuRemoveRodBreaks;
@@ -78,6 +83,7 @@ class FrmSoundingData : public QMainWindow {
   Session& session_;
   UserPrompts& prompts_;
   ListView view_;
+  std::function<void()> open_editor_;
   // Until the window is closed; a window closed and deleted later leaves the flag of the next one be.
   bool open_ = true;
 };

@@ -18,6 +18,7 @@
 #include "ui/common/event_guard.h"
 #include "ui/common/qt_prompts.h"
 #include "ui/dissipation/dissipation_panel.h"
+#include "ui/editing/frm_edit.h"
 #include "ui/editing/parameter_dialogs_ui.h"
 #include "ui/presentation/ecp_window.h"
 #include "ui/presentation/form4.h"
@@ -151,6 +152,10 @@ void Form1::Handle(const char* source, const std::function<void()>& handler) {
   RunGuarded(prompts_, source, handler);
   Refresh();
   // An event here may have derived the sounding again; an open plot shows it at once.
+  RefreshViews();
+}
+
+void Form1::RefreshViews() {
   if (plot_window_ != nullptr && session_.flags.PlotWindowOpen) plot_window_->Repaint();
   if (list_window_ != nullptr && session_.flags.ListWindowOpen) list_window_->Refill();
   if (ecp_window_ != nullptr && session_.flags.EcpWindowOpen) ecp_window_->Refill();
@@ -181,13 +186,11 @@ void Form1::Connect() {
   connect(cmdListECP, &QPushButton::clicked, this,
           [this] { Handle("cmdListECP_Click", [&] { OpenEcpWindow(); }); });
   connect(cmdEditSounding, &QPushButton::clicked, this,
-          [this] { Handle("cmdEditSounding_Click", [&] { controller_.EditSounding(); }); });
+          [this] { Handle("cmdEditSounding_Click", [&] { OpenEditWindow(); }); });
   connect(cmdSetWaterTableDepth, &QPushButton::clicked, this, [this] {
     Handle("cmdSetWaterTableDepth_Click", [&] {
       FrmChangeWaterTableDepth(session_, prompts_, this).exec();
-      if (plot_window_ != nullptr) plot_window_->Repaint();
-      if (list_window_ != nullptr && session_.flags.ListWindowOpen) list_window_->Refill();
-      if (ecp_window_ != nullptr && session_.flags.EcpWindowOpen) ecp_window_->Refill();
+      if (edit_window_ != nullptr && session_.flags.EditWindowOpen) edit_window_->Refill();
     });
   });
   connect(cmdSoundingDone, &QPushButton::clicked, this, [this] {
@@ -226,6 +229,7 @@ void Form1::OpenPlotWindow() {
   ClosePlotWindow();
   plot_window_ = std::make_unique<Form4>(session_, prompts_, controller_.SelectedChannels(),
                                          controller_.SbtChartChoice(), [this] { ReturnFromPlot(); }, this);
+  plot_window_->SetEditOpener([this] { OpenEditWindow(); });
   plot_window_->show();
 }
 
@@ -240,6 +244,7 @@ void Form1::OpenListWindow() {
   if (!controller_.ListSounding()) return;
   CloseListWindow();
   list_window_ = std::make_unique<FrmSoundingData>(session_, prompts_, controller_.SelectedChannels(), this);
+  list_window_->SetEditOpener([this] { OpenEditWindow(); });
   list_window_->show();
 }
 
@@ -262,10 +267,35 @@ void Form1::CloseEcpWindow() {
   ecp_window_.release()->deleteLater();
 }
 
+void Form1::OpenEditWindow() {
+  if (!controller_.EditSounding()) return;
+  if (edit_window_ != nullptr && session_.flags.EditWindowOpen) {
+    edit_window_->raise();
+    edit_window_->activateWindow();
+    return;
+  }
+  CloseEditWindow();
+  edit_window_ = std::make_unique<FrmEdit>(session_, prompts_, [this] { SoundingEdited(); }, this);
+  edit_window_->show();
+}
+
+void Form1::CloseEditWindow() {
+  if (edit_window_ == nullptr) return;
+  edit_window_->CloseWithoutAsking();
+  edit_window_.release()->deleteLater();
+}
+
+void Form1::SoundingEdited() {
+  controller_.SoundingEdited();
+  Refresh();
+  RefreshViews();
+}
+
 void Form1::CloseViewWindow(ViewWindow window) {
   if (window == ViewWindow::kPlot) ClosePlotWindow();
   if (window == ViewWindow::kList) CloseListWindow();
   if (window == ViewWindow::kEcp) CloseEcpWindow();
+  if (window == ViewWindow::kEdit) CloseEditWindow();
 }
 
 void Form1::OpenSeismicWindow() {

@@ -21,6 +21,7 @@ namespace marlview {
 
 class DissipationPanel;
 class Form4;
+class FrmEdit;
 class FrmSoundingData;
 class FrmSoundingECPData;
 class Seisform;
@@ -39,6 +40,8 @@ class Form1 : public QMainWindow {
   FrmSoundingData* ListWindow() const { return list_window_.get(); }
   // The ECP window last opened, kept the same way.
   FrmSoundingECPData* EcpWindow() const { return ecp_window_.get(); }
+  // The editor last opened, kept the same way.
+  FrmEdit* EditWindow() const { return edit_window_.get(); }
   // The seismic log window while seismic mode is on.
   Seisform* SeismicWindow() const { return seismic_window_.get(); }
 
@@ -91,6 +94,13 @@ class Form1 : public QMainWindow {
   void CloseListWindow();
   void OpenEcpWindow();
   void CloseEcpWindow();
+  // The editor, from the edit button or the plot and list windows' menus; an open one comes to the front.
+  void OpenEditWindow();
+  void CloseEditWindow();
+  // After the editor changed the sounding: the channel lists and every open view follow.
+  void SoundingEdited();
+  // The plot, list and ECP windows draw the sounding again.
+  void RefreshViews();
   void CloseViewWindow(ViewWindow window);
   void OpenSeismicWindow();
   // The log window's way back: closes it and its workbench, and the processing options return.
@@ -105,6 +115,7 @@ class Form1 : public QMainWindow {
   std::unique_ptr<Form4> plot_window_;
   std::unique_ptr<FrmSoundingData> list_window_;
   std::unique_ptr<FrmSoundingECPData> ecp_window_;
+  std::unique_ptr<FrmEdit> edit_window_;
   std::unique_ptr<Seisform> seismic_window_;
 };
 
