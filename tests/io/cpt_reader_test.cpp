@@ -41,6 +41,41 @@ class CptReaderTest : public ::testing::Test {
   test::TestSession t;
 };
 
+TEST_F(CptReaderTest, DemoSoundingsOpenWithoutAQuestion) {
+  ASSERT_EQ(Read(test::ReadSample("PXC-E05.CPT")), ReadOutcome::kLoaded);
+  const SoundingStore& s = store();
+  EXPECT_EQ(s.ReadingCount, 1000);
+  EXPECT_EQ(s.ChannelCount, 6);
+  EXPECT_EQ(s.CptDepthDecimals, 2);
+  EXPECT_FLOAT_EQ(s.WaterTableDepth, 1.8f);
+  EXPECT_FLOAT_EQ(s.MaxDepth, 20);
+  EXPECT_NEAR(s.DepthInterval, 0.02, 1e-6);
+  EXPECT_TRUE(s.EndBaselinePresent);
+  EXPECT_NEAR(s.EndBaselineValues[6][kGraphOutput], 14.8, 1e-4);
+  EXPECT_EQ(s.TipChannel, 1);
+  EXPECT_EQ(s.SleeveChannel, 2);
+  EXPECT_EQ(s.PorePressureChannel, 3);
+  EXPECT_NE(s.InclTotalChannel, 0);
+  for (int r = 1; r <= s.ReadingCount; ++r) {
+    const float tip_kpa = s.AlignedFixedPressure[2](r, 1);
+    ASSERT_TRUE(tip_kpa > 150 && tip_kpa < 45000) << r;
+  }
+
+  ASSERT_EQ(Read(test::ReadSample("PXC-F02.CPT")), ReadOutcome::kLoaded);
+  EXPECT_EQ(store().ReadingCount, 300);
+  EXPECT_EQ(store().CptDepthDecimals, 3);
+  EXPECT_TRUE(store().BallTip);
+  EXPECT_FLOAT_EQ(store().BallDiameter, 113);
+  EXPECT_FLOAT_EQ(store().ConicalTipArea, 1000);
+  EXPECT_FLOAT_EQ(store().MaxDepth, 15);
+  // The ball's resistance in soft clay: tens to a few hundred kPa.
+  for (int r = 1; r <= store().ReadingCount; ++r) {
+    const float ball_kpa = store().AlignedFixedPressure[2](r, 1);
+    ASSERT_TRUE(ball_kpa > 40 && ball_kpa < 600) << r;
+  }
+  EXPECT_TRUE(t.prompts.Log().empty());
+}
+
 TEST_F(CptReaderTest, HeaderLinesAndTheChannelTableGoToTheirFields) {
   CptFile file = SimpleCpt(2);
   file.channels[1].sensitivity = 25000;
