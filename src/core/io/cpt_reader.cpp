@@ -94,6 +94,13 @@ LineShape ShapeOf(std::string_view line) {
   return LineShape::kOther;
 }
 
+// A line of numbers holds no letter, so the case-blind search runs only where a "D" stands.
+bool MarksDrillout(std::string_view line) {
+  if (line.find("*******") != std::string_view::npos) return true;
+  if (line.find('D') == std::string_view::npos && line.find('d') == std::string_view::npos) return false;
+  return ContainsNoCase(line, "DRILLOUT");
+}
+
 class CptReader {
  public:
   CptReader(std::string_view bytes, const std::string& path, Session& session, SoundingStore& store,
@@ -331,7 +338,7 @@ void CptReader::ReadDataLines() {
       continue;
     }
     // The rods were drilled out here; the readings below still count.
-    if (ContainsNoCase(line, "DRILLOUT") || line.find("*******") != std::string_view::npos) {
+    if (MarksDrillout(line)) {
       s_.DrilloutFlag = 1;
       s_.DrilloutDepth = depth_.back();
       continue;
