@@ -130,19 +130,23 @@ def piezocone(path):
         # Sand lenses in the upper clay, and the interbedding of the silty sand.
         lens = math.exp(-((z - 3.7) / 0.08) ** 2) + 0.7 * math.exp(-((z - 4.9) / 0.06) ** 2)
         layering = 0.5 + 0.5 * math.sin(z * 9.0)
-        qt_clay = sigma_v + 14.0 * (12.0 + 0.25 * sigma_eff)
+        # Each clay's cone resistance from its undrained strength, Nkt 14.
+        qt_clay1 = sigma_v + 14.0 * (12.0 + 0.25 * sigma_eff)
+        qt_clay2 = sigma_v + 14.0 * (45 + 2.5 * (z - 9))
+        noise = math.exp(tip_noise.next())
         qc = (fill * (5200 + 1800 * math.sin(z * 7))
-              + clay1 * (qt_clay + lens * 3200)
+              + clay1 * (qt_clay1 + lens * 3200)
               + sand1 * (5500 + 4500 * layering + 400 * (z - 6))
-              + clay2 * (sigma_v + 14.0 * (45 + 2.5 * (z - 9)))
+              + clay2 * qt_clay2
               + sand2 * (16000 + 2600 * (z - 15.8) + 3000 * math.sin(z * 4.3)))
-        qc *= math.exp(tip_noise.next())
-        qc = max(qc, 150.0)
+        qc = max(qc * noise, 150.0)
         ratio = (fill * 1.4 + clay1 * (3.6 - 2.4 * min(lens, 1.0)) + sand1 * (1.2 - 0.5 * layering)
                  + clay2 * 3.0 + sand2 * 0.7)
         fs = qc * ratio / 100 * math.exp(sleeve_noise.next())
-        excess = (clay1 * (0.55 * (qc - sigma_v)) * (1 - 0.8 * min(lens, 1.0))
-                  + clay2 * 0.6 * (qc - sigma_v) + sand1 * (1 - layering) * 40 - sand2 * 15)
+        # The clays' excess pore pressure from their own net resistance (Bq about 0.55 and 0.6); the
+        # silty sand drains but partly, the dense sand dilates a little.
+        excess = (clay1 * 0.55 * (qt_clay1 - sigma_v) * noise * (1 - 0.8 * min(lens, 1.0))
+                  + clay2 * 0.6 * (qt_clay2 - sigma_v) * noise + sand1 * (1 - layering) * 40 - sand2 * 15)
         u2 = u0 + max(-u0 - 20, excess) + 4 * u_noise.next()
         if z <= water_table:
             u2 = -2.0 + 3 * u_noise.next() + (fill * 5.0)
