@@ -23,9 +23,10 @@ Answer CliPrompts::Ask(std::string_view text, Buttons buttons) {
   return answer;
 }
 
-std::string CliPrompts::Input(std::string_view, std::string_view prompt, std::string_view default_text) {
+std::string CliPrompts::Input(std::string_view title, std::string_view prompt, std::string_view default_text) {
   std::string answer(default_text);
-  if (ContainsNoCase(prompt, "ENTER STANDARD CONICAL TIP AREA") && !answers_.tip_area.empty()) {
+  // The tip area box is known by its title; its text explains what the area is for.
+  if (ContainsNoCase(title, "ENTER STANDARD CONICAL TIP AREA") && !answers_.tip_area.empty()) {
     answer = answers_.tip_area;
   }
   err_ << "? " << ToUtf8(prompt) << " -> " << answer << '\n';

@@ -138,6 +138,63 @@ TEST_F(CliTest, AFileThatCannotBeReadExitsWithOne) {
             "! Marlview has encountered an error: Error #53: 'File not found' from 'OpenDatSounding'\n");
 }
 
+// Field i (from 0) of a CSV line without quotes.
+std::string Field(const std::string& line, int i) {
+  size_t begin = 0;
+  for (int k = 0; k < i; ++k) begin = line.find(',', begin) + 1;
+  return line.substr(begin, line.find(',', begin) - begin);
+}
+
+// A ball cone's PX DAS sounding whose file does not give the standard cone's area, drilled out
+// after its second reading.
+std::string BallTipCpt() {
+  test::CptFile file = test::SimpleCpt(3);
+  file.channels[0].name = "TIP BALL mm 87";
+  std::vector<std::string> lines = file.Lines();
+  lines.insert(lines.begin() + 25, "DRILLOUT");
+  std::string bytes;
+  for (const auto& line : lines) bytes += line + "\r\n";
+  return bytes;
+}
+
+constexpr const char* kTipAreaQuestion =
+    "? File indicates a ball tip was used, but the file does not contain the standard conical tip area which "
+    "is needed to calculate tip pressure. Please enter the standard tip area in mm^2 (e.g. 1000) -> ";
+
+TEST_F(CliTest, APxDasSoundingAnswersInfoAndChannels) {
+  const std::string file = Write("BALL.CPT", BallTipCpt());
+  const CliRun info = Run({"--tip-area", "1500", "info", file});
+  ASSERT_EQ(info.status, 0) << info.err;
+  EXPECT_EQ(info.err, std::string(kTipAreaQuestion) + "1500\n! DRILLOUT detected in file at 0.04 m\n");
+  test::ExpectGolden(info.out, "cli/info_px_das.expected.json");
+
+  // The file's own numbers with --raw; the ball's tip scaled to the standard cone, in psi.
+  const auto raw = Lines(Run({"channels", "--raw", file}).out);
+  ASSERT_EQ(raw.size(), 4u);
+  EXPECT_EQ(Head(raw[0], 4), "Depth (m),Tip Resistance (Qc),Sleeve Friction,Pore Pressure U2");
+  EXPECT_EQ(Head(raw[3], 4), "0.06,1030,23,15");
+  const CliRun standard = Run({"channels", file});
+  EXPECT_EQ(standard.err, std::string(kTipAreaQuestion) + "1000\n! DRILLOUT detected in file at 0.04 m\n");
+  const double ball_mm2 = 3.14159 * 43.5 * 43.5;
+  EXPECT_NEAR(std::stod(Field(Lines(standard.out).at(1), 1)), 1010 * 1000 / ball_mm2 / 6.894757, 1e-4);
+  // The fixed kPa copies: the sleeve and pore pressure as the file's ranges give them.
+  const std::string kpa = Lines(Run({"channels", "--mirror", "2", file}).out).at(1);
+  EXPECT_NEAR(std::stod(Field(kpa, 1)), 1010 * 1000 / ball_mm2, 1e-3);
+  EXPECT_EQ(Field(kpa, 2), "21");
+  EXPECT_EQ(Field(kpa, 3), "5");
+
+  const CliRun bad_answer = Run({"--tip-area", "ten", "info", file});
+  EXPECT_EQ(bad_answer.status, 1);
+  EXPECT_EQ(bad_answer.out, "");
+  EXPECT_EQ(bad_answer.err, std::string(kTipAreaQuestion) +
+                                "ten\n! Marlview has encountered an error: Error #13: 'Type mismatch' from "
+                                "'OpenCptSounding'\n");
+  const CliRun missing = Run({"info", files_.File("GONE.CPT")});
+  EXPECT_EQ(missing.status, 1);
+  EXPECT_EQ(missing.err,
+            "! Marlview has encountered an error: Error #53: 'File not found' from 'OpenCptSounding'\n");
+}
+
 TEST_F(CliTest, StartDepthWithoutAUnitIsAnsweredFromTheOption) {
   DatFile dat = SimpleDat(3);
   dat.test_depth = "1.50 => Test Depth";

@@ -32,11 +32,19 @@ TEST(NumberRead, StrictRefusesAnythingElse) {
   EXPECT_FAILURE(StrictNumber("1E+39"), kErrOverflow, "");
 }
 
-TEST(NumberRead, ParseNumberTakesEitherDecimalSeparator) {
-  EXPECT_DOUBLE_EQ(ParseNumber("2,5"), 2.5);
+TEST(NumberRead, ParseNumberTakesEitherDecimalSeparatorUnderEitherLocale) {
+  for (const bool decimal_comma : {false, true}) {
+    SCOPED_TRACE(decimal_comma ? "decimal comma" : "decimal point");
+    EXPECT_DOUBLE_EQ(ParseNumber("2,5", decimal_comma), 2.5);
+    EXPECT_DOUBLE_EQ(ParseNumber(" -1234.75 ", decimal_comma), -1234.75);
+    EXPECT_DOUBLE_EQ(ParseNumber("-32768", decimal_comma), -32768);
+    // Every separator becomes the decimal one, so a grouped thousand is no number in either locale.
+    for (const char* field : {"1.234,5", "1,234.5", "1,234,567", "x", ""}) {
+      EXPECT_FAILURE(ParseNumber(field, decimal_comma), kErrTypeMismatch, "");
+    }
+  }
   EXPECT_DOUBLE_EQ(ParseNumber("2.5"), 2.5);
   EXPECT_DOUBLE_EQ(ParseLocalNumber("x"), 0);
-  EXPECT_FAILURE(ParseNumber("x"), kErrTypeMismatch, "");
 }
 
 TEST(NumberRead, ShortestTextReadsBackToTheSameFloat) {

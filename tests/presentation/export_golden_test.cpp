@@ -2,6 +2,8 @@
 // hand against the layouts: header blocks, tables, ECP and gIN in its pressure units.
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "core/presentation/ecp_list.h"
 #include "core/presentation/sounding_exports.h"
 #include "support/test_support.h"
@@ -33,6 +35,28 @@ test::DatFile RodDepthSounding() {
   file.channels.push_back({.sensor = "Rod Depth", .cal = {4000, 1, 0.5f, 0, 0}});
   for (int r = 0; r < kRows; ++r) {
     file.rows.push_back({kReadings[r][0], kReadings[r][1], kReadings[r][2], 2 * (1.0 + 0.1 * r)});
+  }
+  return file;
+}
+
+// The same ground pushed with a PX DAS piezocone: the field computer's counts of tip, sleeve and
+// pore pressure in kPa ranges, an inclinometer and the cone's temperature, one sleeve reading lost.
+test::CptFile PxDasSounding() {
+  test::CptFile file;
+  file.water_table = "0.55";
+  file.channels = {{.name = "TIP", .sensitivity = 30000, .zero = 100, .range = "50000 kPa"},
+                   {.name = "FRICTION", .sensitivity = 30000, .zero = -85, .range = "500 kPa"},
+                   {.name = "U2", .sensitivity = 30000, .zero = 310, .range = "2000 kPa"},
+                   {.name = "X Incl", .sensitivity = 20000, .zero = 0, .range = "20 deg"},
+                   {.name = "TEMP", .sensitivity = 10000, .zero = 0, .range = "100 C"}};
+  const double kpa_per_psi = 6.894757;
+  for (int r = 0; r < kRows; ++r) {
+    auto counts = [&](double psi, double zero, double range) {
+      return std::round(zero + psi * kpa_per_psi / range * 30000);
+    };
+    file.rows.push_back({0.5 + 0.02 * r, 1.95 + 0.01 * r, counts(kReadings[r][0], 100, 50000),
+                         r == 6 ? -32768 : counts(kReadings[r][1], -85, 500), counts(kReadings[r][2], 310, 2000),
+                         300.0 + 10 * r, 1250.0 + r});
   }
   return file;
 }
@@ -101,6 +125,16 @@ TEST_F(ExportGoldenTest, RodDepthFamilyAndASoundingWithoutPorePressure) {
   for (auto& row : dry.rows) row.pop_back();
   Open(dry);
   test::ExpectGolden(GinExport(*t.session, GinUnit::kKpa), "presentation/dry_kpa.expected.gin");
+}
+
+TEST_F(ExportGoldenTest, PxDasFamilyHeaderBlockAndItsKpaReadings) {
+  ASSERT_EQ(test::OpenSounding(t, PxDasSounding()), ReadOutcome::kLoaded);
+  ExportOptions o = Listed();
+  o.channels.push_back(s().InclXChannel);
+  o.channels.push_back(s().TemperatureChannel);
+  test::ExpectGolden(TxtExport(*t.session, o) + CsvExport(*t.session, o, "csv"), "presentation/px_das.expected.txt");
+  test::ExpectGolden(Ecp(kEcpKpa), "presentation/px_das_kpa.expected.ecp");
+  test::ExpectGolden(GinExport(*t.session, GinUnit::kKpa), "presentation/px_das_kpa.expected.gin");
 }
 
 }  // namespace

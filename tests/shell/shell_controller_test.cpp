@@ -64,6 +64,32 @@ TEST_F(ShellTest, OpeningASoundingFillsTheListsInRoleOrder) {
   EXPECT_EQ(view.sounding_info, "FILENAME: CPT-T01.DAT\nLOCATION: Richmond, BC\nDISTANCE PUSHED: 0.20 (ft)");
 }
 
+TEST_F(ShellTest, APxDasSoundingOpensReadOnlyAndToldOfItsDrillout) {
+  std::vector<std::string> lines = test::SimpleCpt(4).Lines();
+  lines.insert(lines.begin() + 26, "***** DRILLOUT *****");
+  std::string bytes;
+  for (const auto& line : lines) bytes += line + "\r\n";
+  t.data.Write("CPT-T01.cpt", bytes);
+  Open(t.data.File("CPT-T01.cpt"));
+  const ShellView& view = controller.View();
+  EXPECT_EQ(t.prompts.Texts(), std::vector<std::string>{"! DRILLOUT detected in file at 0.06 m"});
+  EXPECT_TRUE(t.session->SoundingOpen);
+  EXPECT_FALSE(view.edit_visible) << "a PX DAS file is not edited";
+  EXPECT_EQ(t.session->Sounding().AcquisitionFamily, kPxDasFamily);
+  EXPECT_EQ(view.sounding_info,
+            "FILENAME: CPT-T01.cpt\nLOCATION: North Approach, Richmond BC\nDISTANCE PUSHED: 0.08 (m)");
+  EXPECT_EQ(std::vector<std::string>(view.available_rows.begin(), view.available_rows.begin() + 4),
+            (std::vector<std::string>{"Tip Resistance (Qc)", "Tip Resistance (Qt)", "Sleeve Friction",
+                                      "Pore Pressure U2"}));
+
+  // The next open starts on the PX DAS filter; in feet the drillout is told in feet.
+  t.prompts.ClearLog();
+  t.session->DepthUnitIsMetric = 0;
+  Open(t.data.File("CPT-T01.cpt"));
+  EXPECT_EQ(t.prompts.LastFileRequest().filter_index, 1);
+  EXPECT_EQ(t.prompts.Texts(), std::vector<std::string>{"! DRILLOUT detected in file at 0.20 ft"});
+}
+
 TEST_F(ShellTest, NamesThatAreNotSoundingsTakeTheWayBack) {
   for (const std::string path : {"", "a.x", "/field/notes.txt"}) {
     Open(path);

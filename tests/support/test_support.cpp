@@ -9,6 +9,7 @@
 
 #include "core/common/file_access.h"
 #include "core/common/number_format.h"
+#include "core/common/number_read.h"
 #include "core/shell/startup.h"
 
 namespace marlview::test {
@@ -170,6 +171,64 @@ DatFile SimpleDat(int readings) {
   for (int r = 1; r <= readings; ++r) {
     file.rows.push_back({0.02 * r, 0.1 + 0.001 * r, 0.002, 0.01 * r});
   }
+  return file;
+}
+
+std::string CptTableRow(const std::vector<std::string>& cells) {
+  std::string line(13, ' ');
+  for (const auto& cell : cells) line += FormatText(cell, "@@@@@@@@@@@@@@@@@@@@");
+  return line;
+}
+
+std::string CptDataLine(const CptFile& file, const std::vector<double>& row) {
+  const bool two = file.depth_decimals == 2;
+  std::string line = FormatText(FormatNumber(row[0], two ? "##0.00" : "##0.000"), two ? "@@@@@@" : "@@@@@@@");
+  line += FormatText(FormatNumber(row[1], "##0.00"), two ? "@@@@@@@" : "@@@@@@");
+  for (size_t i = 2; i < row.size(); ++i) line += FormatText(ShortestText(row[i]), "@@@@@@@@@@@@@@@@@@@@");
+  return line;
+}
+
+std::vector<std::string> CptFile::Lines() const {
+  std::vector<std::string> lines = header;
+  lines.push_back(water_table);
+  lines.push_back("");
+  lines.push_back("");
+  auto table_row = [&](auto cell_of) {
+    std::vector<std::string> cells;
+    for (size_t c = 0; c < channels.size(); ++c) cells.push_back(cell_of(c, channels[c]));
+    lines.push_back(CptTableRow(cells));
+  };
+  table_row([](size_t c, const CptChannel&) { return std::to_string(c + 1); });
+  table_row([](size_t, const CptChannel& c) { return c.name; });
+  table_row([](size_t, const CptChannel& c) { return ShortestText(c.sensitivity); });
+  table_row([](size_t, const CptChannel& c) { return FormatNumber(c.zero, "####0.00000"); });
+  table_row([](size_t, const CptChannel& c) { return c.range; });
+  table_row([](size_t, const CptChannel& c) { return c.text; });
+  table_row([](size_t, const CptChannel& c) { return ShortestText(c.number); });
+  lines.push_back(heading);
+  for (const auto& row : rows) lines.push_back(CptDataLine(*this, row));
+  return lines;
+}
+
+std::string CptFile::Bytes() const {
+  std::string bytes;
+  for (const auto& line : Lines()) bytes += line + "\r\n";
+  return bytes;
+}
+
+ReadOutcome OpenSounding(TestSession& t, const CptFile& file) {
+  const ReadOutcome outcome =
+      ReadCptSounding(file.Bytes(), "/field/CPT-T01.CPT", *t.session, t.session->SpareStore(), t.prompts);
+  if (outcome == ReadOutcome::kLoaded) t.session->CommitSounding();
+  return outcome;
+}
+
+CptFile SimpleCpt(int readings) {
+  CptFile file;
+  file.channels = {{.name = "TIP", .range = "1000 kPa", .text = "A1"},
+                   {.name = "FRICTION", .range = "1000 kPa", .text = "A2"},
+                   {.name = "U2", .range = "1000 kPa", .text = "A3"}};
+  for (int r = 1; r <= readings; ++r) file.rows.push_back({0.02 * r, 1.9, 1000.0 + 10 * r, 20.0 + r, 5.0 * r});
   return file;
 }
 

@@ -10,6 +10,7 @@
 
 #include "core/common/runtime_failure.h"
 #include "core/common/user_prompts.h"
+#include "core/io/cpt_reader.h"
 #include "core/io/dat_reader.h"
 #include "core/session/session.h"
 
@@ -85,6 +86,43 @@ DatFile SimpleDat(int readings);
 std::string DataLine(const DatFile& file, const std::vector<double>& row);
 std::string RawField(double value);
 std::string Cell(const std::string& text);
+
+// One channel of a PX DAS file built in a test.
+struct CptChannel {
+  std::string name;
+  double sensitivity = 1000;
+  double zero = 0;
+  // The range and its unit, as the cell holds them.
+  std::string range = "1000 kPa";
+  std::string text = "A";
+  double number = 0;
+};
+
+// Writes the PX DAS layout the way the field computers do, line by line; tests then change lines.
+struct CptFile {
+  std::vector<std::string> header{"FRASER RIVER CROSSING - PIEZOCONE", "Delta Bridge Partners", "J. Ferreira",
+                                  "PX15-0412",  "North Approach, Richmond BC",       "J-2291",
+                                  "CPT-T01",    "14/10/2026 09:42",                   "Pushed beside BH-3",
+                                  "Refusal on gravel", "Predrilled 0.5 m",           "49.2031,-122.9157,4.2"};
+  std::string water_table = "2.35";
+  // Depths with two decimals ("   (m) (cm/s)") or three ("    (m)(cm/s)").
+  int depth_decimals = 2;
+  std::string heading = "   (m) (cm/s)";
+  std::vector<CptChannel> channels;
+  // Depth, speed, then one number per channel; -32768 marks a missing number.
+  std::vector<std::vector<double>> rows;
+
+  std::vector<std::string> Lines() const;
+  std::string Bytes() const;
+};
+
+// A table row: 13 blanks, then each text right-aligned in 20 characters.
+std::string CptTableRow(const std::vector<std::string>& cells);
+std::string CptDataLine(const CptFile& file, const std::vector<double>& row);
+// Reads file as the sounding of a field crew's "CPT-T01.CPT" and makes it the current sounding.
+ReadOutcome OpenSounding(TestSession& t, const CptFile& file);
+// Tip, sleeve and u2 whose numbers are kPa as they stand, a reading every 2 cm at 1.9 cm/s.
+CptFile SimpleCpt(int readings);
 
 // Compares actual with tests/data/<relative>; MARLVIEW_UPDATE_GOLDEN=1 rewrites it and fails.
 void ExpectGolden(const std::string& actual, const std::string& relative);

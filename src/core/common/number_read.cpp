@@ -86,12 +86,25 @@ double StrictNumber(std::string_view field) {
   return value;
 }
 
-double ParseNumber(std::string_view text) {
-  std::string swapped(TrimBlanks(text));
-  for (char& c : swapped) {
-    if (c == ',') c = '.';
+double ParseNumber(std::string_view text, bool decimal_comma) {
+  text = TrimBlanks(text);
+  const char own = decimal_comma ? ',' : '.';
+  const char other = decimal_comma ? '.' : ',';
+  // A field of a data line is a few dozen characters at most; a longer text is cleaned on the heap.
+  char local[64];
+  std::string long_text;
+  char* clean = local;
+  if (text.size() > sizeof local) {
+    long_text.resize(text.size());
+    clean = long_text.data();
   }
-  return StrictNumber(swapped);
+  for (size_t i = 0; i < text.size(); ++i) {
+    char c = text[i] == other ? own : text[i];
+    // The locale's conversion reads its own separator as the decimal point; from_chars knows only ".".
+    if (c == own) c = '.';
+    clean[i] = c;
+  }
+  return StrictNumber(std::string_view(clean, text.size()));
 }
 
 double ParseLocalNumber(std::string_view text) {

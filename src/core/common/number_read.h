@@ -19,9 +19,10 @@ double LenientNumber(std::string_view text);
 // with "Type mismatch"; a value beyond the range of a 32-bit float fails with "Overflow".
 double StrictNumber(std::string_view field);
 
-// Reads a number written with either "." or "," as the decimal separator (files written under
-// another locale); strict otherwise.
-double ParseNumber(std::string_view text);
+// Reads a number as the PX DAS field computers wrote it, strictly otherwise. The locale reads only
+// its own decimal separator, so the other one is turned into it first: with decimal_comma a "."
+// becomes ",", otherwise a "," becomes "."; a file written under either locale reads the same.
+double ParseNumber(std::string_view text, bool decimal_comma = false);
 // The same, lenient: a text that is not a number gives 0.
 double ParseLocalNumber(std::string_view text);
 

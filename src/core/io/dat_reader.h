@@ -5,11 +5,10 @@
 #include <string_view>
 
 #include "core/common/user_prompts.h"
+#include "core/io/read_outcome.h"
 #include "core/session/session.h"
 
 namespace marlview {
-
-enum class ReadOutcome { kLoaded, kRefused };
 
 // Reads a DAT sounding's bytes into store, which it resets first. path names the file for the
 // messages, for the "MUNSELL" test and for the colour probe's companion file. Questions go through

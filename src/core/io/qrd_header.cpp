@@ -14,25 +14,19 @@ std::string_view HeaderValue(std::string_view line) {
 std::string_view SplitQrdGps(std::string_view line, const GpsPieces& pieces) {
   const std::string_view gps = TrimRightBlanks(HeaderValue(line));
   std::string* const fields[] = {pieces.lat, pieces.lon, pieces.elev, pieces.nsat, pieces.qual};
-  for (std::string* field : fields) field->clear();
-  if ((ContainsNoCase(gps, "S") || ContainsNoCase(gps, "N")) && gps.find(',') != std::string_view::npos) {
-    std::string_view rest = gps;
-    for (int i = 0; i < 4; ++i) {
-      const size_t comma = rest.find(',');
-      if (comma == std::string_view::npos) {
-        *fields[i] = std::string(TrimBlanks(rest));
-        rest = {};
-        break;
-      }
-      *fields[i] = std::string(TrimBlanks(rest.substr(0, comma)));
-      rest = rest.substr(comma + 1);
-    }
-    *fields[4] = std::string(TrimBlanks(rest));
-  }
-  for (std::string* field : fields) {
-    if (field->empty()) *field = "0";
-  }
+  const bool split = (ContainsNoCase(gps, "S") || ContainsNoCase(gps, "N")) && gps.find(',') != std::string_view::npos;
+  SplitGpsText(split ? gps : std::string_view(), fields);
   return gps;
+}
+
+void SplitGpsText(std::string_view gps, std::span<std::string* const> pieces) {
+  std::string_view rest = gps;
+  for (size_t i = 0; i < pieces.size(); ++i) {
+    const size_t comma = i + 1 < pieces.size() ? rest.find(',') : std::string_view::npos;
+    *pieces[i] = std::string(TrimBlanks(rest.substr(0, comma)));
+    rest = comma == std::string_view::npos ? std::string_view() : rest.substr(comma + 1);
+    if (pieces[i]->empty()) *pieces[i] = "0";
+  }
 }
 
 }  // namespace marlview

@@ -2,6 +2,7 @@
 // leave: soundings, seismic tests and logs alike.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -18,5 +19,10 @@ struct GpsPieces {
   std::string *lat, *lon, *elev, *nsat, *qual;
 };
 std::string_view SplitQrdGps(std::string_view line, const GpsPieces& pieces);
+
+// Splits a GPS text at its commas into the pieces in order, each trimmed of blanks, the last taking
+// what remains; a piece left empty is "0". The PX DAS header's GPS line is split this way whatever
+// it holds.
+void SplitGpsText(std::string_view gps, std::span<std::string* const> pieces);
 
 }  // namespace marlview

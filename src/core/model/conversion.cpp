@@ -278,7 +278,14 @@ void AlignChannel(SoundingStore& s, int c) {
   }
 }
 
-void ComputeEndBaselines(SoundingStore& s, const UnitTables&) {
+void ComputeEndBaselines(SoundingStore& s, const UnitTables& units) {
+  if (s.AcquisitionFamily == kPxDasFamily) {
+    for (int c = 1; c <= s.ChannelCount; ++c) {
+      const CptConversion p = PrepareCptConversion(s, units, c);
+      for (int k = 0; k < kOutputKinds; ++k) s.EndBaselineValues[c][k] = ToSingle(CptOutputValue(p, s.CptEndBaseline[c], k));
+    }
+    return;
+  }
   for (int c = 1; c <= s.ChannelCount; ++c) {
     const double ball = BallTipFactor(s, c);
     const SensorKind kind = SensorKindOf(s.ChannelName[c]);
@@ -288,6 +295,37 @@ void ComputeEndBaselines(SoundingStore& s, const UnitTables&) {
                            s.TemperatureInFahrenheit[k]) * ball);
     }
   }
+}
+
+CptConversion PrepareCptConversion(const SoundingStore& s, const UnitTables& units, int c) {
+  if (c < 1 || c > kMaxChannels) Fail(kErrSubscript);
+  CptConversion p;
+  p.zero = s.ChannelZero[c];
+  p.sensitivity = s.ChannelSensitivity[c];
+  p.range = s.ChannelRange[c];
+  p.ball = BallTipFactor(s, c);
+  const bool temperature = ContainsNoCase(s.ChannelName[c], "Temperature");
+  for (int k = 0; k < kOutputKinds; ++k) {
+    p.factor[k] = temperature ? 1 : s.ChannelUnitFactor[c][k];
+    p.fahrenheit[k] = temperature && s.TemperatureInFahrenheit[k];
+  }
+  p.to_fixed.fill(1);
+  if (s.ChannelUnitGroup[c] == kPressureGroup) {
+    const double file_unit = units.Factor(s.ChannelDefaultUnit[c], kPressureGroup);
+    for (int i = 0; i < kFixedPressureTables; ++i) {
+      p.to_fixed[i] = Divide(file_unit, units.Factor(kFixedPressureUnits[i], kPressureGroup));
+    }
+  }
+  return p;
+}
+
+double CptFileValue(const CptConversion& p, double n) {
+  return Divide(n - p.zero, p.sensitivity) * p.range * p.ball;
+}
+
+double CptOutputValue(const CptConversion& p, double n, int k) {
+  const double value = Divide(n - p.zero, p.sensitivity) * p.range * p.factor[k] * p.ball;
+  return p.fahrenheit[k] ? value * 9 / 5 + 32 : value;
 }
 
 float SleeveOffsetMetres(const SoundingStore& s, bool piezo_filter_present, float feet_per_metre) {

@@ -128,8 +128,10 @@ void PlotDrawing::Header() {
                                            : session_.general.CompanyGraphTitle);
   g_.SetFont("Arial", 8, false, false);
   Text(plot_.PlotAreaLeft, line * 1.5, "FILENAME: " + s_.SoundingFileName);
-  Text(plot_.PlotAreaLeft, line * 2.5, "LOCATION: " + s_.Location);
-  std::string right = "DATE: " + s_.TestDate;
+  // Each family keeps its own header text.
+  const bool px_das = s_.AcquisitionFamily == kPxDasFamily;
+  Text(plot_.PlotAreaLeft, line * 2.5, "LOCATION: " + (px_das ? s_.LocationName : s_.Location));
+  std::string right = "DATE: " + (px_das ? s_.TestDateText : s_.TestDate);
   right += s_.WaterTableDepth == -99
                ? std::string("   WT: UNDEF.")
                : "   WT: " + FormatNumber(PlotDepth(plot_, session_, s_.WaterTableDepth), "###0.00") + " " +

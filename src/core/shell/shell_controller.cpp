@@ -9,6 +9,7 @@
 #include "core/common/text_rules.h"
 #include "core/derivation/artefacts.h"
 #include "core/derivation/derived_channels.h"
+#include "core/io/cpt_reader.h"
 #include "core/io/dat_reader.h"
 #include "core/seismic/seismic_open.h"
 #include "core/model/conversion.h"
@@ -117,17 +118,16 @@ bool ShellController::OpenSoundingFile() {
     BackToModeChoice();
     return false;
   }
-  if (EndsWithNoCase(path, "cpt")) {
-    NotAvailable("Opening PX DAS soundings (.CPT)");
+  const bool px_das = EndsWithNoCase(path, "cpt");
+  if (!px_das && !EndsWithNoCase(path, "dat")) {
     BackToModeChoice();
     return false;
   }
-  if (!EndsWithNoCase(path, "dat")) {
-    BackToModeChoice();
-    return false;
-  }
-  view_.edit_visible = true;
-  if (OpenDatSounding(session_, prompts_, path) != ReadOutcome::kLoaded) {
+  // A PX DAS file is read only: its readings are not edited.
+  view_.edit_visible = !px_das;
+  const ReadOutcome outcome =
+      px_das ? OpenCptSounding(session_, prompts_, path) : OpenDatSounding(session_, prompts_, path);
+  if (outcome != ReadOutcome::kLoaded) {
     BackToModeChoice();
     return false;
   }
@@ -157,7 +157,8 @@ void ShellController::FillSoundingInfo() {
   const SoundingStore& s = session_.Sounding();
   const bool metric = session_.DepthUnitIsMetric == 1;
   const double pushed = metric ? s.MaxDepth : s.MaxDepth * session_.FeetPerMetre;
-  view_.sounding_info = "FILENAME: " + s.SoundingFileName + "\nLOCATION: " + s.Location +
+  const std::string& location = s.AcquisitionFamily == kPxDasFamily ? s.LocationName : s.Location;
+  view_.sounding_info = "FILENAME: " + s.SoundingFileName + "\nLOCATION: " + location +
                         "\nDISTANCE PUSHED: " + FormatNumber(pushed, "###0.00") +
                         (metric ? " (m)" : " (ft)");
 }
