@@ -9,6 +9,7 @@
 #include "core/common/file_access.h"
 #include "core/common/number_read.h"
 #include "core/common/text_rules.h"
+#include "core/io/cpt_reader.h"
 #include "core/io/dat_reader.h"
 #include "core/io/sounding_writer.h"
 #include "core/model/catalogue.h"
@@ -432,6 +433,42 @@ TEST_F(FailedSaveTest, ReadOnlyFolder) {
   EXPECT_FALSE(saved);
   EXPECT_EQ(t.prompts.Log(), Error(75, "Path/File access error"));
   ExpectFileKept();
+}
+
+}  // namespace
+}  // namespace marlview
+
+namespace marlview {
+namespace {
+
+// A PX DAS sounding saved in its own layout reads back through the PX DAS reader with the same
+// numbers, depths and speeds, so every engineering value follows.
+TEST_F(SoundingWriterTest, PxDasDemoSoundingsSaveAndReopenWithTheSameReadings) {
+  for (const std::string name : {"PXC-E05.CPT", "PXC-F02.CPT"}) {
+    SCOPED_TRACE(name);
+    ASSERT_EQ(ReadCptSounding(test::ReadSample(name), "/field/" + name, session(), session().SpareStore(), t.prompts),
+              ReadOutcome::kLoaded);
+    session().CommitSounding();
+    const std::string path = Save(name);
+    t.prompts.Script({"1000"});
+    ASSERT_EQ(ReadCptSounding(ReadWholeFile(path), path, session(), reopened(), t.prompts), ReadOutcome::kLoaded);
+    const SoundingStore& a = current();
+    const SoundingStore& b = reopened();
+    ASSERT_EQ(b.ReadingCount, a.ReadingCount);
+    ASSERT_EQ(b.ChannelCount, a.ChannelCount);
+    EXPECT_EQ(b.CptDepthDecimals, a.CptDepthDecimals);
+    EXPECT_EQ(b.WaterTableDepth, a.WaterTableDepth);
+    for (int r = 1; r <= a.ReadingCount; ++r) {
+      ASSERT_EQ(b.DepthTable(r, 1), a.DepthTable(r, 1)) << r;
+      ASSERT_EQ(b.PushSpeed[r], a.PushSpeed[r]) << r;
+      for (int c = 1; c <= a.ChannelCount; ++c) {
+        ASSERT_EQ(b.CptRawReadings(r, c), a.CptRawReadings(r, c)) << r << " " << c;
+        if (!a.BallTip) {
+          ASSERT_EQ(b.AlignedReadings(r, c), a.AlignedReadings(r, c)) << r << " " << c;
+        }
+      }
+    }
+  }
 }
 
 }  // namespace
