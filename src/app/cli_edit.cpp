@@ -141,7 +141,6 @@ void Apply(Session& session, CliPrompts& prompts, const EditOperation& op, bool 
     if (!dat) throw UsageError(op.name + " is for .DAT soundings only");
   };
   if (op.name == "--start-depth") {
-    dat_only();
     if (!check) ChangeStartDepth(session, v, prompts);
   } else if (op.name == "--change-water-table") {
     if (!check) ChangeWaterTableDepth(session, v, prompts);
@@ -162,7 +161,6 @@ void Apply(Session& session, CliPrompts& prompts, const EditOperation& op, bool 
     }
     if (!check) ShiftChannels(session, {{c, number}});
   } else if (op.name == "--adjust-depth") {
-    dat_only();
     const auto [old_depth, new_depth] = SplitAt(v, v.find(':'), "--adjust-depth takes OLD:NEW");
     if (!check) AdjustDepth(session, old_depth, new_depth, prompts);
   } else if (op.name == "--normalize-interval") {

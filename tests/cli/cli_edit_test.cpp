@@ -96,5 +96,17 @@ TEST_F(CliEditTest, SavesInTheOwnLayoutOrTheDatCompatibleOne) {
   EXPECT_FALSE(plain->starts_with("KORVAN")) << "the layout without the version line";
 }
 
+TEST_F(CliEditTest, APxDasSoundingTakesTheDepthOperationsAndNotTheGrid) {
+  const std::string file = test::SamplesDirectory() + "/PXC-E05.CPT";
+  const CliRun moved = Run({"edit", file, "--start-depth", "2", "--channels"});
+  ASSERT_EQ(moved.status, 0) << moved.err;
+  const CliRun plain = Run({"channels", file});
+  const std::string first = Lines(plain.out).at(1);
+  EXPECT_NEAR(std::stod(Lines(moved.out).at(1)), std::stod(first) + 2, 1e-5);
+  const CliRun grid = Run({"edit", file, "--set", "1:Tip Resistance (Qc):1", "--channels"});
+  EXPECT_EQ(grid.status, 2);
+  EXPECT_NE(grid.err.find("is for .DAT soundings only"), std::string::npos) << grid.err;
+}
+
 }  // namespace
 }  // namespace marlview
