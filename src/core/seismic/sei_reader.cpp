@@ -115,6 +115,26 @@ void ReadSamples(std::string_view text, int i, SeismicStore& s) {
   }
 }
 
+// The records after the header, each test after the store's last one, its depth moved down by
+// depth_offset_m.
+void ReadSeiRecords(ItemReader& lines, const std::string& path, const std::string& title, float depth_offset_m,
+                    SeismicStore& s) {
+  while (!lines.AtEnd()) {
+    const int i = ++s.TestCount;
+    s.TestDepth[i] = ToSingle(LenientNumber(lines.Line())) + depth_offset_m;
+    s.SampleInterval[i] = ToSingle(LenientNumber(lines.Line()) * 1000);
+    s.TestFile[i] = path;
+    s.TestTitle[i] = title;
+    s.StartIndex[i] = ToInteger32(LenientNumber(lines.Line()));
+    s.EndIndex[i] = ToInteger32(LenientNumber(lines.Line()));
+    ReadArrival(lines.Line(), i, s);
+    ReadStrikeList(lines.Line(), i, s);
+    const int32_t count = static_cast<int32_t>(std::clamp<int64_t>(int64_t{s.EndIndex[i]} - s.StartIndex[i], -1, kMaxStrikeSamples + 1));
+    for (int16_t kind : kStrikeKinds) s.SampleCount[StrikeSlot(kind, i)] = count;
+    ReadSamples(lines.Item(), i, s);
+  }
+}
+
 }  // namespace
 
 void ReadSeiFile(std::string_view bytes, const std::string& path, const std::string& title, SeismicStore& s) {
@@ -125,21 +145,36 @@ void ReadSeiFile(std::string_view bytes, const std::string& path, const std::str
     s.AmplitudeScale = 65536;
     ItemReader lines(bytes);
     ReadHeader(lines, s);
-    while (!lines.AtEnd()) {
-      const int i = ++s.TestCount;
-      s.TestDepth[i] = ToSingle(LenientNumber(lines.Line()));
-      s.SampleInterval[i] = ToSingle(LenientNumber(lines.Line()) * 1000);
-      s.TestFile[i] = path;
-      s.TestTitle[i] = title;
-      s.StartIndex[i] = ToInteger32(LenientNumber(lines.Line()));
-      s.EndIndex[i] = ToInteger32(LenientNumber(lines.Line()));
-      ReadArrival(lines.Line(), i, s);
-      ReadStrikeList(lines.Line(), i, s);
-      const int32_t count = static_cast<int32_t>(std::clamp<int64_t>(int64_t{s.EndIndex[i]} - s.StartIndex[i], -1, kMaxStrikeSamples + 1));
-      for (int16_t kind : kStrikeKinds) s.SampleCount[StrikeSlot(kind, i)] = count;
-      ReadSamples(lines.Item(), i, s);
+    ReadSeiRecords(lines, path, title, 0.0f, s);
+    s.RemoveStrikeMeans();
+  });
+}
+
+bool AppendSeiFile(std::string_view bytes, const std::string& path, const std::string& title, float depth_offset_m,
+                   SeismicStore& s, UserPrompts& prompts) {
+  return InProcedure("AppendSeiFile", [&] {
+    ItemReader lines(bytes);
+    std::string channel_line;
+    for (int n = 1; n <= kSeiHeaderLines; ++n) {
+      const std::string_view line = lines.Line();
+      if (n == 33) channel_line = std::string(line);
+    }
+    if (channel_line != s.header.ChannelCountLine) {
+      prompts.Tell("The number of channels in the two files do not match. The two files cannot be combined");
+      return false;
+    }
+    // A failure part way leaves the store with the tests it had.
+    const int16_t count = s.TestCount;
+    const std::string version = s.header.FileVersionLine;
+    try {
+      ReadSeiRecords(lines, path, title, depth_offset_m, s);
+    } catch (const RuntimeFailure&) {
+      s.TestCount = count;
+      s.header.FileVersionLine = version;
+      throw;
     }
     s.RemoveStrikeMeans();
+    return true;
   });
 }
 

@@ -14,8 +14,18 @@ namespace marlview {
 
 // QRD FIELDBOX .SEI: a 56-line header, then one record of seven lines per depth.
 void ReadSeiFile(std::string_view bytes, const std::string& path, const std::string& title, SeismicStore& store);
+// Adds the tests of a second .SEI file after the store's, each depth moved down by depth_offset_m;
+// the store keeps its own headers. Refused with a message and false when line 33, the count of
+// channels, differs from the store's. A run-time failure leaves the store's tests as they were.
+bool AppendSeiFile(std::string_view bytes, const std::string& path, const std::string& title, float depth_offset_m,
+                   SeismicStore& store, UserPrompts& prompts);
 // PX DAS .SMC in its legacy, middle and current versions.
 void ReadSmcFile(std::string_view bytes, const std::string& path, const std::string& title, SeismicStore& store);
+// Adds the tests of a second .SMC file after the store's, each depth moved down by depth_offset_m.
+// The second file's version, bias and scale read its own samples; the store keeps its headers,
+// bias and scale. A run-time failure leaves the store's tests as they were.
+void AppendSmcFile(std::string_view bytes, const std::string& path, const std::string& title, float depth_offset_m,
+                   SeismicStore& store);
 // QRD FIELDBOX .SLG: one continuous record cut into seconds.
 void ReadSlgFile(std::string_view bytes, const std::string& path, const std::string& title, SeismicStore& store);
 

@@ -34,9 +34,12 @@ class SmcReader {
       : lines_(bytes), path_(path), title_(title), s_(store) {}
 
   void Read();
+  void Append(float depth_offset_m);
 
  private:
-  void ReadHeader();
+  // Reads the header into target; only the loaded file's header goes into the store.
+  void ReadHeader(SeismicHeader& target, bool into_store);
+  void ReadRecords();
   int StartRecord();
   void ReadLegacyRecord();
   void ReadMiddleRecord();
@@ -44,7 +47,7 @@ class SmcReader {
   void Store(int kind, int i, int sample, double raw) {
     const int slot = StrikeSlot(kind, i);
     s_.StrikeTime(slot, sample) = static_cast<float>(s_.SampleInterval[i] * (static_cast<double>(s_.StartIndex[i]) + sample));
-    s_.StrikeAmplitude(slot, sample) = static_cast<float>((raw - s_.AmplitudeBias) / s_.AmplitudeScale);
+    s_.StrikeAmplitude(slot, sample) = static_cast<float>((raw - bias_) / scale_);
   }
   // Reads count 4-character fields from field first on into the strike.
   void ReadFields(const std::string& text, int kind, int i, int first, int count) {
@@ -58,6 +61,11 @@ class SmcReader {
   const std::string& title_;
   SeismicStore& s_;
   SmcVersion version_ = SmcVersion::kLegacy;
+  std::string version_line_;
+  // The file's own conversion and, in the older versions, its one interval for all tests.
+  double bias_ = 0, scale_ = 1;
+  float interval_ms_ = 0;
+  float depth_offset_m_ = 0;
 };
 
 //   Kestrelmoor Seismic File ver. 8-9-2011
@@ -67,10 +75,10 @@ class SmcReader {
 //               1
 //                        POS SEISMIC
 //                               2048   (bias)  ...  2048 (scale)
-void SmcReader::ReadHeader() {
-  SeismicHeader& h = s_.header;
+void SmcReader::ReadHeader(SeismicHeader& h, bool into_store) {
   h.FileVersionLine = std::string(lines_.Line());
-  s_.HeaderLine(1, 0) = h.FileVersionLine;
+  if (into_store) s_.HeaderLine(1, 0) = h.FileVersionLine;
+  version_line_ = h.FileVersionLine;
   version_ = VersionOf(h.FileVersionLine);
   std::string* fields[] = {version_ == SmcVersion::kCurrent ? &h.PXTitle : &h.Customer,
                            &h.Operator, &h.ConeId, &h.Location, &h.JobNumber, &h.HoleNumber,
@@ -78,26 +86,35 @@ void SmcReader::ReadHeader() {
   int k = 1;
   for (std::string* field : fields) {
     *field = std::string(lines_.Line());
-    s_.HeaderLine(1, k++) = *field;
+    if (into_store) s_.HeaderLine(1, k) = *field;
+    ++k;
   }
   SplitPxGps(h.GpsLine, h);
   const std::string_view interval = lines_.Line();
   if (version_ != SmcVersion::kCurrent) {
-    s_.SampleInterval[0] = ToSingle(LenientNumber(interval) * 1000);
+    interval_ms_ = ToSingle(LenientNumber(interval) * 1000);
+    if (into_store) s_.SampleInterval[0] = interval_ms_;
     lines_.Line();
   }
+  int32_t bias = 0, scale = 0;
   for (int row = 1; row <= 7; ++row) {
     const std::string_view line = lines_.Line();
-    if (row == 3) s_.AmplitudeBias = Whole(line);
-    if (row == 7) s_.AmplitudeScale = Whole(line);
+    if (row == 3) bias = Whole(line);
+    if (row == 7) scale = Whole(line);
   }
   lines_.Line();
-  if (s_.AmplitudeScale == 0) Fail(kErrDivisionByZero);
+  if (into_store) {
+    s_.AmplitudeBias = bias;
+    s_.AmplitudeScale = scale;
+  }
+  if (scale == 0) Fail(kErrDivisionByZero);
+  bias_ = bias;
+  scale_ = scale;
 }
 
 int SmcReader::StartRecord() {
   const int i = ++s_.TestCount;
-  s_.TestDepth[i] = ToSingle(LenientNumber(lines_.Line()));
+  s_.TestDepth[i] = ToSingle(LenientNumber(lines_.Line())) + depth_offset_m_;
   s_.TestFile[i] = path_;
   s_.TestTitle[i] = title_;
   for (auto& row : s_.GeophoneOf) row[i] = kGeophoneUnknown;
@@ -107,7 +124,7 @@ int SmcReader::StartRecord() {
 // depth, start, end, arrival, strike code ("1" A B, "2" A P, "3" A B P), then 4-digit fields.
 void SmcReader::ReadLegacyRecord() {
   const int i = StartRecord();
-  s_.SampleInterval[i] = s_.SampleInterval[0];
+  s_.SampleInterval[i] = interval_ms_;
   s_.StartIndex[i] = Whole(lines_.Line());
   s_.EndIndex[i] = Whole(lines_.Line());
   s_.ArrivalFromFile[i] = Whole(lines_.Line());
@@ -155,7 +172,7 @@ void SmcReader::ReadLegacyRecord() {
 // 1-5, 6-10 and 12-16.
 void SmcReader::ReadMiddleRecord() {
   const int i = StartRecord();
-  s_.SampleInterval[i] = s_.SampleInterval[0];
+  s_.SampleInterval[i] = interval_ms_;
   s_.StartIndex[i] = Whole(lines_.Line());
   const std::string ends(lines_.Line());
   s_.ArrivalFromFile[i] = Whole(lines_.Line());
@@ -209,7 +226,7 @@ void SmcReader::ReadCurrentRecord() {
   s_.SetHasStrike(kStrikeA, i, a);
   s_.SetHasStrike(kStrikeB, i, b);
   s_.SetHasStrike(kStrikeP, i, p);
-  if (s_.header.FileVersionLine.find("2015.08.07.1") != std::string::npos) {
+  if (version_line_.find("2015.08.07.1") != std::string::npos) {
     if (list.find("A(SGEO1)") != std::string_view::npos) s_.GeophoneOf[kStrikeA][i] = kGeophoneSgeo1;
     if (list.find("A(SGEO2)") != std::string_view::npos) s_.GeophoneOf[kStrikeA][i] = kGeophoneSgeo2;
     if (list.find("B(SGEO1)") != std::string_view::npos) s_.GeophoneOf[kStrikeB][i] = kGeophoneSgeo1;
@@ -236,7 +253,29 @@ void SmcReader::ReadCurrentRecord() {
 void SmcReader::Read() {
   s_.Reset();
   s_.AcquisitionFamily = kSmcFamily;
-  ReadHeader();
+  ReadHeader(s_.header, true);
+  ReadRecords();
+  s_.RemoveStrikeMeans();
+}
+
+void SmcReader::Append(float depth_offset_m) {
+  SeismicHeader dropped;
+  ReadHeader(dropped, false);
+  depth_offset_m_ = depth_offset_m;
+  // A failure part way leaves the store with the tests it had.
+  const int16_t count = s_.TestCount;
+  const bool half_rate = s_.LegacyHalfRateB;
+  try {
+    ReadRecords();
+  } catch (const RuntimeFailure&) {
+    s_.TestCount = count;
+    s_.LegacyHalfRateB = half_rate;
+    throw;
+  }
+  s_.RemoveStrikeMeans();
+}
+
+void SmcReader::ReadRecords() {
   while (!lines_.AtEnd()) {
     switch (version_) {
       case SmcVersion::kLegacy: ReadLegacyRecord(); break;
@@ -244,13 +283,17 @@ void SmcReader::Read() {
       case SmcVersion::kCurrent: ReadCurrentRecord(); break;
     }
   }
-  s_.RemoveStrikeMeans();
 }
 
 }  // namespace
 
 void ReadSmcFile(std::string_view bytes, const std::string& path, const std::string& title, SeismicStore& store) {
   InProcedure("ReadSmcFile", [&] { SmcReader(bytes, path, title, store).Read(); });
+}
+
+void AppendSmcFile(std::string_view bytes, const std::string& path, const std::string& title, float depth_offset_m,
+                   SeismicStore& store) {
+  InProcedure("AppendSmcFile", [&] { SmcReader(bytes, path, title, store).Append(depth_offset_m); });
 }
 
 }  // namespace marlview
