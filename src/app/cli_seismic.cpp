@@ -19,6 +19,7 @@
 #include "core/seismic/conditioning.h"
 #include "core/seismic/seismic_controller.h"
 #include "core/seismic/seismic_open.h"
+#include "core/seismic/seismic_writers.h"
 #include "core/session/session.h"
 #include "core/shell/startup.h"
 
@@ -35,7 +36,10 @@ constexpr const char* kSeismicUsage =
     "                    [--shift TEST:KIND:up|down] [--nudge TEST:KIND:left|right|left-gross|right-gross]\n"
     "                    [--trim-test TEST:MS] [--pick TEST:KIND:SAMPLE] [--snap TEST:KIND:SAMPLE]\n"
     "                    [--arrival TEST:left|right] [--reset TEST] [--hammer-distance METRES]\n"
-    "                    [--dly OUT] [--vss OUT] [--waves | --velocities]\n";
+    "                    [--dly OUT] [--vss OUT] [--save OUT] [--combine FILE2:OFFSET] [--waves | --velocities]\n";
+
+// A save whose failure has been told: the command ends with status 1.
+struct SaveFailed {};
 
 
 struct Operation {
@@ -168,8 +172,14 @@ SeismicOptions Parse(const std::vector<std::string>& args) {
       WholeNumber(parts[0], a);
       OneOf(parts[1], {"left", "right"}, a);
       o.operations.push_back({a, parts});
-    } else if (a == "--dly" || a == "--vss") {
+    } else if (a == "--dly" || a == "--vss" || a == "--save") {
       o.operations.push_back({a, {value()}});
+    } else if (a == "--combine") {
+      // FILE2 may hold a colon of its own; the offset is behind the last one.
+      const std::string& text = value();
+      const size_t colon = text.rfind(':');
+      if (colon == std::string::npos || colon == 0) throw UsageError("--combine takes FILE2:OFFSET");
+      o.operations.push_back({a, {text.substr(0, colon), text.substr(colon + 1)}});
     } else if (a.starts_with("--")) {
       throw UsageError("unknown option " + a);
     } else if (!seen_command) {
@@ -213,9 +223,14 @@ class OptionDialogs : public SeismicDialogs {
 // overwrite question, it is cancelled.
 class SeismicCliPrompts : public CliPrompts {
  public:
-  using CliPrompts::CliPrompts;
+  SeismicCliPrompts(CliAnswers answers, std::ostream& err) : CliPrompts(std::move(answers), err), echo_(err) {}
   std::string SaveFile(const FileDialogRequest&) override { return std::exchange(save_path, {}); }
   std::string save_path;
+  // The caution of a combine, answered OK as the command line asks it.
+  void EchoOk(std::string_view text) { echo_ << "? " << text << " -> OK\n"; }
+
+ private:
+  std::ostream& echo_;
 };
 
 std::string FloatText(float value) {
@@ -373,7 +388,7 @@ void WriteVelocities(const SeismicStore& s, std::ostream& out) {
 // One operation, as its control or menu entry does it; a test, strike or sample the controls
 // would not offer is bad usage. With check_only the operation is only checked against the
 // sounding as loaded, so that bad usage anywhere on the line applies nothing.
-void Apply(SeismicController& c, SeismicCliPrompts& prompts, const Operation& op, bool check_only) {
+void Apply(Session& session, SeismicController& c, SeismicCliPrompts& prompts, const Operation& op, bool check_only) {
   const SeismicStore& s = c.Store();
   const bool log = c.IsLog();
   const std::string& name = op.name;
@@ -462,6 +477,17 @@ void Apply(SeismicController& c, SeismicCliPrompts& prompts, const Operation& op
     if (check_only) return;
     prompts.save_path = op.parts[0];
     if (name == "--dly") c.GenDelayFile(); else c.GenVelocityFile();
+  } else if (name == "--save") {
+    if (check_only) return;
+    prompts.save_path = op.parts[0];
+    const std::string folder = s.AcquisitionFamily == kFldacqFamily ? op.parts[0] : std::string();
+    if (SaveSeismicData(s, s.TestFile[1], prompts, folder) == SeismicSaveOutcome::kFailed) throw SaveFailed{};
+  } else if (name == "--combine") {
+    const bool sei = s.AcquisitionFamily == kSeiFamily;
+    if (!sei && s.AcquisitionFamily != kSmcFamily) throw UsageError("--combine is for .SEI and .SMC files only");
+    if (check_only) return;
+    prompts.EchoOk(CombineCaution(sei));
+    if (CombineSeismicFile(session, prompts, sei, op.parts[0], op.parts[1])) c.Load();
   }
 }
 
@@ -497,13 +523,15 @@ int RunSeismic(const std::vector<std::string>& args, std::ostream& out, std::ost
   SeismicController controller(session, prompts, dialogs);
   try {
     controller.Load();
-    for (const Operation& op : options.operations) Apply(controller, prompts, op, true);
-    for (const Operation& op : options.operations) Apply(controller, prompts, op, false);
+    for (const Operation& op : options.operations) Apply(session, controller, prompts, op, true);
+    for (const Operation& op : options.operations) Apply(session, controller, prompts, op, false);
   } catch (const UsageError& error) {
     err << "marlview-cli: " << error.what() << '\n' << kSeismicUsage;
     return 2;
   } catch (const RuntimeFailure& failure) {
     prompts.Tell(GeneralErrorText(failure));
+    return 1;
+  } catch (const SaveFailed&) {
     return 1;
   }
   switch (options.output) {

@@ -12,7 +12,9 @@
 #include <QScrollBar>
 #include <QTimer>
 #include <QtTest>
+#include <algorithm>
 #include <memory>
+#include <vector>
 
 #include "core/common/file_access.h"
 #include "core/common/number_format.h"
@@ -144,6 +146,40 @@ class SeismicWindowsTest : public QObject {
     log->mnuReturn->trigger();
     QTRY_VERIFY(form_->SeismicWindow() == nullptr);
     QVERIFY(form_->frmSelectTestType->isEnabled());
+  }
+
+  void savesTheDemoSoundingAndReopensItToTheSamePicks() {
+    Seisform* log = OpenSample("SCPT-A01.SEI");
+    QVERIFY(log != nullptr);
+    QVERIFY(log->mnuSaveData->isEnabled());
+    QVERIFY(log->mnuCombineSEIFiles->isVisible() && !log->mnuCombineSMCFiles->isVisible());
+    const int count = Store().TestCount;
+    std::vector<float> depths, picks;
+    std::vector<int16_t> kinds;
+    for (int i = 1; i <= count; ++i) {
+      depths.push_back(Store().TestDepth[i]);
+      picks.push_back(Store().ArrivalSample[i]);
+      kinds.push_back(Store().ArrivalKind[i]);
+    }
+    QVERIFY(*std::max_element(picks.begin(), picks.end()) > 0);
+    // The saved name gets its extension; the demo file itself is left alone.
+    const std::string saved = t_->data.File("SAVED");
+    t_->prompts.Script({saved});
+    log->mnuSaveData->trigger();
+    QVERIFY(marlview::FileExists(saved + ".sei"));
+    QCOMPARE(Log(), QStringList{QString::fromStdString("save -> " + saved)});
+    log->mnuReturn->trigger();
+    QTRY_VERIFY(form_->SeismicWindow() == nullptr);
+
+    t_->prompts.Script({saved + ".sei"});
+    ClickSeismicOption();
+    QVERIFY(form_->SeismicWindow() != nullptr);
+    QCOMPARE(int{Store().TestCount}, count);
+    for (int i = 1; i <= count; ++i) {
+      QCOMPARE(Store().TestDepth[i], depths[static_cast<size_t>(i - 1)]);
+      QCOMPARE(Store().ArrivalSample[i], picks[static_cast<size_t>(i - 1)]);
+      QCOMPARE(Store().ArrivalKind[i], kinds[static_cast<size_t>(i - 1)]);
+    }
   }
 
   void dialogsOfTheLogWindowAndTheWorkbench() {

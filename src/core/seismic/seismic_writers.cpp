@@ -289,6 +289,14 @@ SeismicSaveOutcome SaveSeismicData(const SeismicStore& s, const std::string& loa
   return written ? outcome : SeismicSaveOutcome::kFailed;
 }
 
+std::string CombineCaution(bool sei) {
+  return std::string("CAUTION: ") + (sei ? "SEI" : "SMC") +
+         " files should be combined ONLY if they comprise portions of the same sounding and are saved in the same "
+         "format. The headers of the currently loaded file will be used for the combined file. Combining files from "
+         "seismic tests from different tests will result in incorrect data. Press OK to combine files or CANCEL to "
+         "return to the seismic screen";
+}
+
 bool CombineSeismicFile(Session& session, UserPrompts& prompts, bool sei, const std::string& path,
                         const std::string& offset_text) {
   double offset = LenientNumber(offset_text);
@@ -311,13 +319,7 @@ namespace {
 
 bool Combine(Session& session, UserPrompts& prompts, AppendOffsetDialog& dialog, bool sei) {
   const std::string kind = sei ? "SEI" : "SMC";
-  const std::string caution =
-      "CAUTION: " + kind +
-      " files should be combined ONLY if they comprise portions of the same sounding and are saved in the same "
-      "format. The headers of the currently loaded file will be used for the combined file. Combining files from "
-      "seismic tests from different tests will result in incorrect data. Press OK to combine files or CANCEL to "
-      "return to the seismic screen";
-  if (prompts.Ask(caution, Buttons::kOkCancel) != Answer::kOk) return false;
+  if (prompts.Ask(CombineCaution(sei), Buttons::kOkCancel) != Answer::kOk) return false;
   FileDialogRequest request;
   request.title = "Select " + kind + " to add";
   request.filter = sei ? "SEI Files (*.sei)|*.sei" : "SMC Files (*.smc)|*.smc";

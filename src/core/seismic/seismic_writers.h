@@ -56,11 +56,16 @@ class AppendOffsetDialog {
   virtual std::string AskOffset(bool sei, bool feet) = 0;
 };
 
+// The caution shown before a combine, for "SEI" or "SMC" files.
+std::string CombineCaution(bool sei);
+
 // mnuCombineSEIFiles and mnuCombineSMCFiles: the caution, the file dialog, the offset and the append.
 // True when tests were added, so the log window is loaded again.
 bool CombineSeiFile(Session& session, UserPrompts& prompts, AppendOffsetDialog& offset);
 bool CombineSmcFile(Session& session, UserPrompts& prompts, AppendOffsetDialog& offset);
-// The combine after its dialogs: path and the offset as typed. The caution is not shown.
+// The combine after its dialogs: path and the offset as typed. The caution is not shown. A negative
+// offset or other channels are refused with their message and false; a run-time failure is thrown
+// with the source AppendSeiFile or AppendSmcFile and leaves the store's tests as they were.
 bool CombineSeismicFile(Session& session, UserPrompts& prompts, bool sei, const std::string& path,
                         const std::string& offset_text);
 

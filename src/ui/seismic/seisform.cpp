@@ -24,6 +24,7 @@
 #include "core/common/text_rules.h"
 #include "core/seismic/conditioning.h"
 #include "core/seismic/seismic_plots.h"
+#include "core/seismic/seismic_writers.h"
 #include "render/pdf_print_job.h"
 #include "ui/common/event_guard.h"
 #include "ui/common/named.h"
@@ -68,6 +69,7 @@ Seisform::Seisform(Session& session, UserPrompts& prompts, std::function<void()>
       prompts_(prompts),
       on_return_(std::move(on_return)),
       dialogs_(this),
+      offset_dialog_(this),
       controller_(session, prompts, dialogs_) {
   setObjectName("Seisform");
   controller_.SetListener(this);
@@ -145,6 +147,10 @@ void Seisform::BuildControls() {
 void Seisform::BuildMenus() {
   mnuFile = menuBar()->addMenu("&File");
   mnuFile->setObjectName("mnuFile");
+  mnuSaveData = NamedAction(mnuFile, "mnuSaveData", "&Save Data...");
+  mnuCombineSEIFiles = NamedAction(mnuFile, "mnuCombineSEIFiles", "&Combine SEI Files...");
+  mnuCombineSMCFiles = NamedAction(mnuFile, "mnuCombineSMCFiles", "&Combine SMC Files...");
+  mnuFile->addSeparator();
   mnuPrintGraph = NamedAction(mnuFile, "mnuPrintGraph", "&Print...");
   mnuSaveAsPdf = NamedAction(mnuFile, "mnuSaveAsPdf", "Print to P&DF...");
   mnuFile->addSeparator();
@@ -226,6 +232,15 @@ void Seisform::Connect() {
     PdfPrintJob job(path, PaperSize::kLetter);
     PrintTo(job);
     if (!job.EndDoc()) Fail(kErrPathAccess, "mnuPrintGraph");
+  });
+  on(mnuSaveData, "mnuSaveData_Click",
+     [this] { SaveSeismicData(controller_.Store(), controller_.Store().TestFile[1], prompts_); });
+  // A combine adds tests: the window loads again with its checks, as after opening.
+  on(mnuCombineSEIFiles, "mnuCombineSEIFiles_Click", [this] {
+    if (CombineSeiFile(session_, prompts_, offset_dialog_)) LoadForm();
+  });
+  on(mnuCombineSMCFiles, "mnuCombineSMCFiles_Click", [this] {
+    if (CombineSmcFile(session_, prompts_, offset_dialog_)) LoadForm();
   });
   on(mnuReturn, "mnuReturn_Click", [this] { close(); });
   on(mnuFilterAllGraphs, "mnuFilterAllGraphs_Click", [this] { controller_.FilterAll(); });
@@ -358,6 +373,9 @@ void Seisform::Refresh() {
   mnuRemoveBStrikes->setEnabled(menus.remove_b);
   mnuRemovePStrikes->setEnabled(menus.remove_p);
   mnuShiftLogStrike->setVisible(menus.shift_log_visible);
+  mnuCombineSEIFiles->setVisible(menus.combine_sei && controller_.Store().AcquisitionFamily == kSeiFamily);
+  mnuCombineSMCFiles->setVisible(menus.combine_smc);
+  mnuSaveData->setEnabled(!log);
   mnuGain->menuAction()->setVisible(menus.gain_visible);
   mnuAdjustDepth->setVisible(!log);
   mnuVelocity->menuAction()->setVisible(!log);

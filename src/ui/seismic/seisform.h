@@ -81,6 +81,9 @@ class Seisform : public QMainWindow, private SeismicListener {
   QMenu* mnuRemoveStrikes;
   QMenu* mnuGain;
   QMenu* mnuVelocity;
+  QAction* mnuSaveData;
+  QAction* mnuCombineSEIFiles;
+  QAction* mnuCombineSMCFiles;
   QAction* mnuPrintGraph;
   QAction* mnuSaveAsPdf;
   QAction* mnuIncludeCoverSheet;
@@ -126,6 +129,7 @@ class Seisform : public QMainWindow, private SeismicListener {
   UserPrompts& prompts_;
   std::function<void()> on_return_;
   QtSeismicDialogs dialogs_;
+  QtAppendOffsetDialog offset_dialog_;
   SeismicController controller_;
   std::unique_ptr<FrmEnlargedSeismicGraph> workbench_;
   QVBoxLayout* rows_layout_ = nullptr;

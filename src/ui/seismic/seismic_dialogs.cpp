@@ -246,4 +246,20 @@ FrmSeismicChangeDepth::FrmSeismicChangeDepth(SeismicController& controller, User
   });
 }
 
+FrmAppendOffset::FrmAppendOffset(bool sei, bool feet, QWidget* parent) : QDialog(parent) {
+  setObjectName(sei ? "frmTYRAppendSEIOffset" : "frmAppendSMCOffset");
+  setWindowTitle("DEPTH OFFSET");
+  auto* form = new QFormLayout(this);
+  txtOffset = Field(this, form, "txtOffset", feet ? "DEPTH OFFSET (ft)" : "DEPTH OFFSET (m)", "0");
+  form->addRow(OkCancelRow(this, cmdOK, cmdCancel));
+  connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+  connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+std::string QtAppendOffsetDialog::AskOffset(bool sei, bool feet) {
+  FrmAppendOffset dialog(sei, feet, parent_);
+  if (dialog.exec() != QDialog::Accepted) return {};
+  return Text(dialog.txtOffset);
+}
+
 }  // namespace marlview

@@ -5,6 +5,7 @@
 #include <QDialog>
 
 #include "core/seismic/seismic_controller.h"
+#include "core/seismic/seismic_writers.h"
 
 class QCheckBox;
 class QComboBox;
@@ -127,6 +128,27 @@ class FrmSeismicChangeDepth : public QDialog {
   QLabel* lblGreaterThan;
   QPushButton* cmdOK;
   QPushButton* cmdCancel;
+};
+
+// frmTYRAppendSEIOffset and frmAppendSMCOffset: the depth to add to the tests of the file being
+// combined, in txtOffset, in the display unit.
+class FrmAppendOffset : public QDialog {
+  Q_OBJECT
+ public:
+  FrmAppendOffset(bool sei, bool feet, QWidget* parent = nullptr);
+  QLineEdit* txtOffset;
+  QPushButton* cmdOK;
+  QPushButton* cmdCancel;
+};
+
+// The offset dialogs shown modally over the log window; a cancel gives an empty text.
+class QtAppendOffsetDialog : public AppendOffsetDialog {
+ public:
+  explicit QtAppendOffsetDialog(QWidget* parent) : parent_(parent) {}
+  std::string AskOffset(bool sei, bool feet) override;
+
+ private:
+  QWidget* parent_;
 };
 
 }  // namespace marlview
