@@ -7,6 +7,7 @@
 
 #include "cli/cli_fixture.h"
 #include "core/common/file_access.h"
+#include "core/seismic/seismic_readers.h"
 #include "seismic/seismic_files.h"
 #include "support/test_support.h"
 
@@ -143,6 +144,67 @@ TEST_F(CliSeismicTest, RefusalsAndBadUsage) {
   run = Run({"seismic", file, "--trim", "-5", "--velocities"});
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.err, "! Invalid time.\n");
+}
+
+TEST_F(CliSeismicTest, SaveWritesTheStoreWithItsPicksAndAsksBeforeReplacing) {
+  const std::string file = SmallSei();
+  const std::string out = files_.File("SAVED");
+  CliRun run = Run({"seismic", file, "--reset", "2", "--pick", "2:B:7", "--save", out, "--velocities"});
+  ASSERT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.err, "");
+  SeismicStore saved;
+  ReadSeiFile(ReadWholeFile(out + ".sei"), out + ".sei", "SAVED.sei", saved);
+  ASSERT_EQ(saved.TestCount, 3);
+  EXPECT_FLOAT_EQ(saved.TestDepth[3], 4.0f);
+  EXPECT_EQ(saved.ArrivalFromFile[1], 10);
+  EXPECT_EQ(saved.ArrivalFromFile[2], 7);
+  EXPECT_EQ(saved.ArrivalKind[2], kStrikeB);
+
+  // Without --yes the existing file stays; the extension is not doubled.
+  run = Run({"seismic", file, "--save", out + ".sei", "--velocities"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "? File already exists!  Overwrite? -> No\n");
+  ReadSeiFile(ReadWholeFile(out + ".sei"), out + ".sei", "SAVED.sei", saved);
+  EXPECT_EQ(saved.ArrivalFromFile[2], 7);
+  run = Run({"--yes", "seismic", file, "--save", out, "--velocities"});
+  EXPECT_EQ(run.err, "? File already exists!  Overwrite? -> Yes\n");
+  ReadSeiFile(ReadWholeFile(out + ".sei"), out + ".sei", "SAVED.sei", saved);
+  EXPECT_EQ(saved.ArrivalFromFile[2], 12);
+
+  // An FLDACQ series goes into a folder, one file per test with "(a)" in its name.
+  run = Run({"--yes", "seismic", test::SamplesDirectory() + "/SCPTD03_002", "--save", files_.File("series"), "--velocities"});
+  ASSERT_EQ(run.status, 0) << run.err;
+  EXPECT_NE(run.err.find("! DATA WILL BE WRITTEN TO SIMILARLY NAMED FILES WITH '(a)' APPENDED TO THE FILENAME\n"),
+            std::string::npos);
+  EXPECT_TRUE(FileExists(files_.File("series/SCPTD03(a)_002")));
+  EXPECT_TRUE(FileExists(files_.File("series/SCPTD03(a)_008")));
+}
+
+TEST_F(CliSeismicTest, CombineAddsTheSecondFileBelowItsOffset) {
+  const std::string file = SmallSei();
+  const std::string second = Write("SECOND.SEI", test::SeiFile({test::SeiTest("000.50 m", "A(SGEO1)B(SGEO2)", 20)}));
+  CliRun run = Run({"seismic", file, "--combine", second + ":10", "--velocities"});
+  ASSERT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.err, "? CAUTION: SEI files should be combined ONLY if they comprise portions of the same sounding and are "
+                     "saved in the same format. The headers of the currently loaded file will be used for the combined "
+                     "file. Combining files from seismic tests from different tests will result in incorrect data. "
+                     "Press OK to combine files or CANCEL to return to the seismic screen -> OK\n");
+  EXPECT_NE(run.out.find("\n4,10.5,"), std::string::npos) << run.out;
+
+  run = Run({"seismic", file, "--combine", second + ":-1", "--velocities"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_NE(run.err.find("! OFFSET CANNOT BE NEGATIVE\n"), std::string::npos);
+  EXPECT_EQ(run.out.find("\n4,"), std::string::npos);
+
+  run = Run({"seismic", file, "--combine", files_.File("NONE.SEI") + ":1"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, "");
+  EXPECT_NE(run.err.find("! Marlview has encountered an error: Error #53: 'File not found' from 'AppendSeiFile'\n"),
+            std::string::npos);
+
+  run = Run({"seismic", test::SamplesDirectory() + "/SCPT-C12.SLG", "--combine", second + ":1"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_NE(run.err.find("usage: marlview-cli"), std::string::npos);
 }
 
 }  // namespace
