@@ -56,6 +56,29 @@ void AppendStrikeList(std::string& out, const SeismicStore& s, int i) {
   if (s.HasStrike(kStrikeP, i)) out += !named ? "Z" : "Z(PGEO)";
 }
 
+// A raw sample: a whole number held within its field ("00000" or "0000"), written digit by digit
+// as the formatter renders it, since a full set carries sixteen million of them.
+void AppendRaw(std::string& out, double raw, int width) {
+  auto value = static_cast<uint32_t>(raw);
+  char digits[8];
+  for (int k = width - 1; k >= 0; --k) {
+    digits[k] = static_cast<char>('0' + value % 10);
+    value /= 10;
+  }
+  out.append(digits, static_cast<size_t>(width));
+}
+
+// Room for the whole file at once: each sample takes width characters.
+void Reserve(std::string& out, const SeismicStore& s, int width) {
+  size_t samples = 0;
+  for (int i = 1; i <= s.TestCount; ++i) {
+    for (int16_t kind : kStrikeKinds) {
+      if (s.HasStrike(kind, i)) samples += static_cast<size_t>(std::max(s.SampleCount[StrikeSlot(kind, i)], 0));
+    }
+  }
+  out.reserve(samples * static_cast<size_t>(width) + 200 * static_cast<size_t>(s.TestCount) + 4096);
+}
+
 char LetterOf(int kind) { return kind == kStrikeA ? 'A' : kind == kStrikeB ? 'B' : 'Z'; }
 
 // .SEI raw values: a wave enhanced past full scale is scaled down as a whole so that its peak just
@@ -73,7 +96,7 @@ void AppendSeiSamples(std::string& out, const SeismicStore& s, int i) {
     out += LetterOf(kind);
     for (int k = 1; k <= n; ++k) {
       const double raw = std::clamp(std::trunc(amplitude[k] * scale * factor + bias), 1.0, 65536.0);
-      AppendNumber(out, raw, "00000");
+      AppendRaw(out, raw, 5);
     }
   }
 }
@@ -88,7 +111,7 @@ void AppendSmcSamples(std::string& out, const SeismicStore& s, int i, bool lette
     const float* amplitude = s.AmplitudeRow(slot);
     if (letters) out += LetterOf(kind);
     for (int k = 1; k <= s.SampleCount[slot]; ++k) {
-      AppendNumber(out, std::clamp(std::trunc(amplitude[k] * scale + bias), 1.0, 4096.0), "0000");
+      AppendRaw(out, std::clamp(std::trunc(amplitude[k] * scale + bias), 1.0, 4096.0), 4);
     }
   }
 }
@@ -203,6 +226,7 @@ bool IsCurrentSmcForWriting(std::string_view first_line) {
 
 std::string RenderSeiFile(const SeismicStore& s) {
   std::string out;
+  Reserve(out, s, 5);
   for (int k = 0; k <= 54; ++k) Line(out, s.HeaderLine(1, k));
   for (int i = 1; i <= s.TestCount; ++i) {
     out += kCrLf;
@@ -215,6 +239,7 @@ std::string RenderSmcFile(const SeismicStore& s) {
   const SeismicHeader& h = s.header;
   const bool current = IsCurrentSmcForWriting(h.FileVersionLine);
   std::string out;
+  Reserve(out, s, 4);
   if (current) {
     Line(out, h.FileVersionLine);
     Line(out, h.PXTitle);
