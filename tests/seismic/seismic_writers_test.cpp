@@ -1,11 +1,12 @@
 // The seismic writers against reference files and their readers, the save flow and the combines.
+#include "core/seismic/seismic_writers.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
 
 #include "core/common/file_access.h"
 #include "core/seismic/seismic_readers.h"
-#include "core/seismic/seismic_writers.h"
 #include "seismic_builders.h"
 #include "seismic_files.h"
 #include "support/test_support.h"
@@ -40,7 +41,8 @@ void FillSeiStore(SeismicStore& s) {
   s.AmplitudeScale = 65536;
   s.header.FileVersionLine = "KORVAN FILE VER: SEI.08.11.2015";
   s.header.ChannelCountLine = "3 => Channels";
-  for (int k = 0; k <= 54; ++k) s.HeaderLine(1, k) = k == 32 ? "3 => Channels" : "header line " + std::to_string(k + 1);
+  for (int k = 0; k <= 54; ++k)
+    s.HeaderLine(1, k) = k == 32 ? "3 => Channels" : "header line " + std::to_string(k + 1);
   s.HeaderLine(1, 0) = s.header.FileVersionLine;
   s.TestCount = 2;
   s.TestDepth[1] = 1.5f;
@@ -63,7 +65,8 @@ void ExpectSameWaves(const SeismicStore& a, const SeismicStore& b, int test, flo
     if (!a.HasStrike(kind, test)) continue;
     const std::vector<float> wa = Amplitudes(a, test, kind), wb = Amplitudes(b, test, kind);
     ASSERT_EQ(wa.size(), wb.size()) << "test " << test << " kind " << kind;
-    for (size_t k = 0; k < wa.size(); ++k) EXPECT_NEAR(wa[k], wb[k], tolerance) << "test " << test << " kind " << kind << " sample " << k + 1;
+    for (size_t k = 0; k < wa.size(); ++k)
+      EXPECT_NEAR(wa[k], wb[k], tolerance) << "test " << test << " kind " << kind << " sample " << k + 1;
   }
 }
 
@@ -242,7 +245,8 @@ void FillFldacqStore(SeismicStore& s) {
   s.TestCount = 2;
   for (int i = 1; i <= 2; ++i) {
     s.TestFile[i] = "/d/SCPTD03_00" + std::to_string(i);
-    for (int n = 1; n <= 51; ++n) s.HeaderLine(i, n) = n == 2 ? "Seismic Cone Test" : "line " + std::to_string(n);
+    for (int n = 1; n <= 51; ++n)
+      s.HeaderLine(i, n) = n == 2 ? "Seismic Cone Test" : "line " + std::to_string(n);
     s.HeaderLine(i, 52) = i == 1 ? "6.56 => Depth (ft)" : "13.12 => Depth (ft)";
     s.TestDepth[i] = i == 1 ? 2.0f : 4.0f;
     SetStrike(s, i, kStrikeA, {0.001f, -0.002f, 0.003f, -0.002f}, 0.05f);
@@ -264,7 +268,8 @@ TEST(FldacqWriter, MatchesTheReferenceAndReadsBackWithoutItsLastLine) {
 
   SeismicStore& r = Reread();
   ScriptedPrompts prompts;
-  ASSERT_TRUE(ReadFldacqFiles({{files[0].name, files[0].bytes}, {files[1].name, files[1].bytes}}, "SCPT", kFeetPerMetre, r, prompts));
+  ASSERT_TRUE(ReadFldacqFiles({{files[0].name, files[0].bytes}, {files[1].name, files[1].bytes}}, "SCPT",
+                              kFeetPerMetre, r, prompts));
   ASSERT_EQ(r.TestCount, 2);
   for (int i = 1; i <= 2; ++i) {
     EXPECT_NEAR(r.TestDepth[i], s.TestDepth[i], 2e-3);
@@ -319,7 +324,8 @@ TEST_F(SaveFlow, AFailedSaveIsToldAndLogsAndFldacqSeriesGoBesideTheirTests) {
   prompts.Script({folder.File("missing/OUT.SMC")});
   EXPECT_EQ(SaveSeismicData(s, "OUT.SMC", prompts), SeismicSaveOutcome::kFailed);
   EXPECT_EQ(prompts.Texts(),
-            std::vector<std::string>{"! Marlview has encountered an error: Error #76: 'Path not found' from 'SaveSeismicData'"});
+            std::vector<std::string>{
+                "! Marlview has encountered an error: Error #76: 'Path not found' from 'SaveSeismicData'"});
 
   prompts.ClearLog();
   s.AcquisitionFamily = kSlgFamily;
@@ -338,7 +344,8 @@ TEST_F(SaveFlow, AFailedSaveIsToldAndLogsAndFldacqSeriesGoBesideTheirTests) {
 class Combine : public ::testing::Test {
  protected:
   void SetUp() override {
-    std::vector<SeiRecord> records = {SeiTest("001.00 m", "A(SGEO1)B(SGEO2)", 4), SeiTest("002.00 m", "A(SGEO1)", 4)};
+    std::vector<SeiRecord> records = {SeiTest("001.00 m", "A(SGEO1)B(SGEO2)", 4),
+                                      SeiTest("002.00 m", "A(SGEO1)", 4)};
     records[1].arrival = "    2A";
     t.data.Write("FIRST.SEI", SeiFile(records));
     ReadSeiFile(SeiFile(records), t.data.File("FIRST.SEI"), "FIRST.SEI", t.session->Seismic());
@@ -374,11 +381,12 @@ TEST_F(Combine, RefusalsChangeNothing) {
   t.data.Write("OTHER.SEI", other);
   EXPECT_FALSE(CombineSeismicFile(*t.session, t.prompts, true, t.data.File("OTHER.SEI"), "1"));
   EXPECT_EQ(s.TestCount, 2);
-  EXPECT_EQ(t.prompts.Texts(), (std::vector<std::string>{
-                                   "! OFFSET CANNOT BE NEGATIVE",
-                                   "! The number of channels in the two files do not match. The two files cannot be combined"}));
-  EXPECT_FAILURE(CombineSeismicFile(*t.session, t.prompts, true, t.data.File("NONE.SEI"), "1"), kErrFileNotFound,
-                 "AppendSeiFile");
+  EXPECT_EQ(t.prompts.Texts(),
+            (std::vector<std::string>{
+                "! OFFSET CANNOT BE NEGATIVE",
+                "! The number of channels in the two files do not match. The two files cannot be combined"}));
+  EXPECT_FAILURE(CombineSeismicFile(*t.session, t.prompts, true, t.data.File("NONE.SEI"), "1"),
+                 kErrFileNotFound, "AppendSeiFile");
 }
 
 TEST_F(Combine, TheOffsetIsInFeetInFeetModeAndA181stTestIsRefusedOnRange) {

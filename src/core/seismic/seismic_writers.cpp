@@ -31,7 +31,9 @@ void AppendDepth(std::string& out, float depth_m) {
 }
 
 // The interval is kept in milliseconds; the files hold seconds, ".00010000".
-void AppendInterval(std::string& out, float interval_ms) { AppendNumber(out, static_cast<double>(interval_ms) / 1000, ".00000000"); }
+void AppendInterval(std::string& out, float interval_ms) {
+  AppendNumber(out, static_cast<double>(interval_ms) / 1000, ".00000000");
+}
 
 void AppendCount(std::string& out, double value) { AppendText(out, FormatNumber(value, ""), "@@@@@"); }
 
@@ -39,10 +41,18 @@ void AppendCount(std::string& out, double value) { AppendText(out, FormatNumber(
 void AppendArrival(std::string& out, const SeismicStore& s, int i, char p_letter) {
   AppendCount(out, s.ArrivalSample[i]);
   switch (s.ArrivalKind[i]) {
-    case kStrikeA: out += 'A'; break;
-    case kStrikeB: out += 'B'; break;
-    case kStrikeP: out += p_letter; break;
-    default: out += 'N'; break;
+    case kStrikeA:
+      out += 'A';
+      break;
+    case kStrikeB:
+      out += 'B';
+      break;
+    case kStrikeP:
+      out += p_letter;
+      break;
+    default:
+      out += 'N';
+      break;
   }
 }
 
@@ -50,9 +60,12 @@ void AppendArrival(std::string& out, const SeismicStore& s, int i, char p_letter
 // strike whose geophone the file did not tell stands on its usual one: A on SGEO1, B on SGEO2.
 void AppendStrikeList(std::string& out, const SeismicStore& s, int i) {
   const std::string& first = s.header.FileVersionLine;
-  const bool named = first.find("8.11.2015") != std::string::npos || first.find("2015.08.07.1") != std::string::npos;
-  if (s.HasStrike(kStrikeA, i)) out += !named ? "A" : s.GeophoneOf[kStrikeA][i] == kGeophoneSgeo2 ? "A(SGEO2)" : "A(SGEO1)";
-  if (s.HasStrike(kStrikeB, i)) out += !named ? "B" : s.GeophoneOf[kStrikeB][i] == kGeophoneSgeo1 ? "B(SGEO1)" : "B(SGEO2)";
+  const bool named =
+      first.find("8.11.2015") != std::string::npos || first.find("2015.08.07.1") != std::string::npos;
+  if (s.HasStrike(kStrikeA, i))
+    out += !named ? "A" : s.GeophoneOf[kStrikeA][i] == kGeophoneSgeo2 ? "A(SGEO2)" : "A(SGEO1)";
+  if (s.HasStrike(kStrikeB, i))
+    out += !named ? "B" : s.GeophoneOf[kStrikeB][i] == kGeophoneSgeo1 ? "B(SGEO1)" : "B(SGEO2)";
   if (s.HasStrike(kStrikeP, i)) out += !named ? "Z" : "Z(PGEO)";
 }
 
@@ -73,7 +86,8 @@ void Reserve(std::string& out, const SeismicStore& s, int width) {
   size_t samples = 0;
   for (int i = 1; i <= s.TestCount; ++i) {
     for (int16_t kind : kStrikeKinds) {
-      if (s.HasStrike(kind, i)) samples += static_cast<size_t>(std::max(s.SampleCount[StrikeSlot(kind, i)], 0));
+      if (s.HasStrike(kind, i))
+        samples += static_cast<size_t>(std::max(s.SampleCount[StrikeSlot(kind, i)], 0));
     }
   }
   out.reserve(samples * static_cast<size_t>(width) + 200 * static_cast<size_t>(s.TestCount) + 4096);
@@ -91,7 +105,8 @@ void AppendSeiSamples(std::string& out, const SeismicStore& s, int i) {
     const int32_t n = s.SampleCount[slot];
     const float* amplitude = s.AmplitudeRow(slot);
     int64_t peak = 0;
-    for (int k = 1; k <= n; ++k) peak = std::max(peak, static_cast<int64_t>(std::trunc(std::fabs(amplitude[k] * scale))));
+    for (int k = 1; k <= n; ++k)
+      peak = std::max(peak, static_cast<int64_t>(std::trunc(std::fabs(amplitude[k] * scale))));
     const double factor = peak > 32768 ? 32768.0 / static_cast<double>(peak) : 1.0;
     out += LetterOf(kind);
     for (int k = 1; k <= n; ++k) {
@@ -161,7 +176,10 @@ void AppendCurrentRecord(std::string& out, const SeismicStore& s, int i, bool se
   out += kCrLf;
   AppendStrikeList(out, s, i);
   out += kCrLf;
-  if (sei) AppendSeiSamples(out, s, i); else AppendSmcSamples(out, s, i, true);
+  if (sei)
+    AppendSeiSamples(out, s, i);
+  else
+    AppendSmcSamples(out, s, i, true);
 }
 
 // "-2.345678E-003" or "+0.000000E+000", behind the blank that parts the columns.
@@ -247,8 +265,8 @@ std::string RenderSmcFile(const SeismicStore& s) {
     Line(out, s.LegacyHalfRateB ? "Kestrelmoor Seismic File ver. 8-9-2011" : "Kestrelmoor Seismic File");
     Line(out, h.Customer);
   }
-  for (const std::string* field : {&h.Operator, &h.ConeId, &h.Location, &h.JobNumber, &h.HoleNumber, &h.TestDate,
-                                   &h.Comment1, &h.Comment2, &h.Comment3, &h.GpsLine}) {
+  for (const std::string* field : {&h.Operator, &h.ConeId, &h.Location, &h.JobNumber, &h.HoleNumber,
+                                   &h.TestDate, &h.Comment1, &h.Comment2, &h.Comment3, &h.GpsLine}) {
     Line(out, *field);
   }
   if (!current) {
@@ -259,7 +277,10 @@ std::string RenderSmcFile(const SeismicStore& s) {
   AppendSmcTable(out);
   for (int i = 1; i <= s.TestCount; ++i) {
     out += kCrLf;
-    if (current) AppendCurrentRecord(out, s, i, false); else AppendLegacySmcRecord(out, s, i);
+    if (current)
+      AppendCurrentRecord(out, s, i, false);
+    else
+      AppendLegacySmcRecord(out, s, i);
   }
   return out;
 }
@@ -271,16 +292,18 @@ std::string FldacqSavedName(const std::string& test_file) {
 
 std::vector<RenderedFile> RenderFldacqFiles(const SeismicStore& s) {
   std::vector<RenderedFile> files;
-  for (int i = 1; i <= s.TestCount; ++i) files.push_back({FldacqSavedName(s.TestFile[i]), RenderFldacqFile(s, i)});
+  for (int i = 1; i <= s.TestCount; ++i)
+    files.push_back({FldacqSavedName(s.TestFile[i]), RenderFldacqFile(s, i)});
   return files;
 }
 
-SeismicSaveOutcome SaveSeismicData(const SeismicStore& s, const std::string& loaded_name, UserPrompts& prompts) {
+SeismicSaveOutcome SaveSeismicData(const SeismicStore& s, const std::string& loaded_name,
+                                   UserPrompts& prompts) {
   return SaveSeismicData(s, loaded_name, prompts, {});
 }
 
-SeismicSaveOutcome SaveSeismicData(const SeismicStore& s, const std::string& loaded_name, UserPrompts& prompts,
-                                   const std::string& fldacq_folder) {
+SeismicSaveOutcome SaveSeismicData(const SeismicStore& s, const std::string& loaded_name,
+                                   UserPrompts& prompts, const std::string& fldacq_folder) {
   SeismicSaveOutcome outcome = SeismicSaveOutcome::kNothingToSave;
   const bool written = TellFailures(prompts, "SaveSeismicData", [&] {
     switch (s.AcquisitionFamily) {
@@ -302,13 +325,16 @@ SeismicSaveOutcome SaveSeismicData(const SeismicStore& s, const std::string& loa
         if (!fldacq_folder.empty()) std::filesystem::create_directories(fldacq_folder, ignored);
         for (RenderedFile& file : RenderFldacqFiles(s)) {
           const std::string path =
-              fldacq_folder.empty() ? file.name : (std::filesystem::path(fldacq_folder) / std::string(FileNamePart(file.name))).string();
+              fldacq_folder.empty()
+                  ? file.name
+                  : (std::filesystem::path(fldacq_folder) / std::string(FileNamePart(file.name))).string();
           WriteFileAtomically(path, file.bytes);
         }
         outcome = SeismicSaveOutcome::kSaved;
         return;
       }
-      default: return;
+      default:
+        return;
     }
   });
   return written ? outcome : SeismicSaveOutcome::kFailed;
@@ -316,9 +342,12 @@ SeismicSaveOutcome SaveSeismicData(const SeismicStore& s, const std::string& loa
 
 std::string CombineCaution(bool sei) {
   return std::string("CAUTION: ") + (sei ? "SEI" : "SMC") +
-         " files should be combined ONLY if they comprise portions of the same sounding and are saved in the same "
-         "format. The headers of the currently loaded file will be used for the combined file. Combining files from "
-         "seismic tests from different tests will result in incorrect data. Press OK to combine files or CANCEL to "
+         " files should be combined ONLY if they comprise portions of the same sounding and are saved in the "
+         "same "
+         "format. The headers of the currently loaded file will be used for the combined file. Combining "
+         "files from "
+         "seismic tests from different tests will result in incorrect data. Press OK to combine files or "
+         "CANCEL to "
          "return to the seismic screen";
 }
 

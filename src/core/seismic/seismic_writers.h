@@ -42,11 +42,12 @@ enum class SeismicSaveOutcome { kSaved, kCancelled, kNothingToSave, kFailed };
 // mnuSaveData: asks for the target through the save dialog (prefilled with loaded_name), asks
 // before replacing a file, and writes every file atomically, so a failed save leaves the old file.
 // A failure is told in the general error text. FLDACQ series go beside their test files.
-SeismicSaveOutcome SaveSeismicData(const SeismicStore& store, const std::string& loaded_name, UserPrompts& prompts);
+SeismicSaveOutcome SaveSeismicData(const SeismicStore& store, const std::string& loaded_name,
+                                   UserPrompts& prompts);
 // The same with the FLDACQ files written into folder (made when missing) instead of beside the
 // tests' files, for the command line.
-SeismicSaveOutcome SaveSeismicData(const SeismicStore& store, const std::string& loaded_name, UserPrompts& prompts,
-                                   const std::string& fldacq_folder);
+SeismicSaveOutcome SaveSeismicData(const SeismicStore& store, const std::string& loaded_name,
+                                   UserPrompts& prompts, const std::string& fldacq_folder);
 
 // The offset dialogs frmTYRAppendSEIOffset and frmAppendSMCOffset: the depth to add, as typed in
 // txtOffset, in the display unit; an empty text when cancelled.
