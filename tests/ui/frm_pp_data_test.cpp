@@ -1,4 +1,4 @@
-// Drives the dissipation list window offscreen from the main window: the demo file's first test in
+// Drives the dissipation list window offscreen from the main window: a demo file's test in
 // the grid, the percentage menus with the water table, the exports and the return.
 #include "ui/dissipation/frm_pp_data.h"
 
