@@ -195,7 +195,8 @@ bool AnyDissipationOption(const DissipationOptions& o) {
          o.plot || !o.mode.empty() || !o.time.empty() || !o.export_form.empty();
 }
 
-std::string DissipationUsageError(const DissipationOptions& o, const std::string& out, const std::string& file) {
+std::string DissipationUsageError(const DissipationOptions& o, const std::string& out,
+                                  const std::string& file) {
   for (int test : o.tests) {
     if (test < 1 || test > kMaxDissipations) return "--test takes a whole number from 1 to 100";
   }
@@ -207,7 +208,8 @@ std::string DissipationUsageError(const DissipationOptions& o, const std::string
     if (o.csv || o.txt || o.t50 || o.plot) return "--export goes with none of --csv, --txt, --t50 or --plot";
     if (out.empty()) return "--export writes -o OUT";
     if (!o.tests.empty() || o.percent_max || o.percent_head || !o.mode.empty() || !o.time.empty()) {
-      return "--export writes every test and takes no --test, --percent-max, --percent-head, --mode or --time";
+      return "--export writes every test and takes no --test, --percent-max, --percent-head, --mode or "
+             "--time";
     }
     // A file without the .DIS extension is an FLDACQ file, which has no editor to export from.
     if (!ContainsNoCase(file, ".dis")) return "--export is for .DIS files; an FLDACQ file has no editor";

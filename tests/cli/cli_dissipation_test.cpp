@@ -87,11 +87,13 @@ TEST_F(CliDissipationTest, RefusalsAndBadUsage) {
   for (const std::vector<std::string>& args : std::vector<std::vector<std::string>>{
            {"dissipation", Sample("DIS-A01.DIS"), "--csv", "-o", files_.File("x.csv")},
            {"dissipation", Sample("DIS-A01.DIS"), "--test", "1", "--txt"},
-           {"dissipation", Sample("DIS-A01.DIS"), "--test", "1", "--csv", "--txt", "-o", files_.File("x.csv")},
+           {"dissipation", Sample("DIS-A01.DIS"), "--test", "1", "--csv", "--txt", "-o",
+            files_.File("x.csv")},
            {"dissipation", Sample("DIS-A01.DIS"), "--percent-max"},
            {"dissipation", Sample("DIS-A01.DIS"), "--export", "csv"},
            {"dissipation", Sample("DIS-A01.DIS"), "--export", "pdf", "-o", files_.File("x.pdf")},
-           {"dissipation", Sample("DIS-A01.DIS"), "--export", "csv", "--csv", "--test", "1", "-o", files_.File("x")},
+           {"dissipation", Sample("DIS-A01.DIS"), "--export", "csv", "--csv", "--test", "1", "-o",
+            files_.File("x")},
            {"dissipation", Sample("DIS-A01.DIS"), "--export", "txt", "--t50", "-o", files_.File("x")},
            {"dissipation", Sample("FLDACQ-C02-001"), "--export", "txt", "-o", files_.File("x.txt")},
            {"dissipation", Sample("DIS-A01.DIS"), "--t50", "--u0", "1", "--u100", "0"},
@@ -108,8 +110,8 @@ TEST_F(CliDissipationTest, RefusalsAndBadUsage) {
 
 TEST_F(CliDissipationTest, ListExportsOfOneTestWithTheirPercentColumns) {
   const std::string csv = files_.File("a01.csv");
-  const CliRun plain = Run({"dissipation", Sample("DIS-A01.DIS"), "--test", "1", "--csv", "-o", csv,
-                            "--percent-head"});
+  const CliRun plain =
+      Run({"dissipation", Sample("DIS-A01.DIS"), "--test", "1", "--csv", "-o", csv, "--percent-head"});
   ASSERT_EQ(plain.status, 0) << plain.err;
   EXPECT_EQ(plain.out, "");
   std::string bytes = ReadWholeFile(csv);
@@ -121,8 +123,8 @@ TEST_F(CliDissipationTest, ListExportsOfOneTestWithTheirPercentColumns) {
       << bytes;
 
   // An existing file is replaced only when --yes answers the question.
-  const CliRun kept = Run({"--water-table", "2.4", "dissipation", Sample("DIS-A01.DIS"), "--test", "1", "--csv",
-                           "-o", csv, "--percent-head", "--percent-max"});
+  const CliRun kept = Run({"--water-table", "2.4", "dissipation", Sample("DIS-A01.DIS"), "--test", "1",
+                           "--csv", "-o", csv, "--percent-head", "--percent-max"});
   EXPECT_EQ(kept.status, 0);
   EXPECT_EQ(kept.err, "? a01.csv already exists. Overwrite? -> No\n");
   EXPECT_EQ(ReadWholeFile(csv), bytes);
@@ -136,11 +138,13 @@ TEST_F(CliDissipationTest, ListExportsOfOneTestWithTheirPercentColumns) {
       << bytes;
 
   const std::string txt = files_.File("b04.txt");
-  const CliRun px = Run({"dissipation", Sample("PXD-B04.DIS"), "--test", "2", "--txt", "-o", txt, "--percent-max"});
+  const CliRun px =
+      Run({"dissipation", Sample("PXD-B04.DIS"), "--test", "2", "--txt", "-o", txt, "--percent-max"});
   ASSERT_EQ(px.status, 0) << px.err;
   bytes = ReadWholeFile(txt);
   EXPECT_TRUE(bytes.starts_with("CPT PORE PRESSURE DATA\r\nFILE: PXD-B04.DIS\r\n")) << bytes;
-  EXPECT_NE(bytes.find("\r\n   Time    PRESSURE U2   % Max Pressure\r\n    (S)          (kPa)                %\r\n"),
+  EXPECT_NE(bytes.find(
+                "\r\n   Time    PRESSURE U2   % Max Pressure\r\n    (S)          (kPa)                %\r\n"),
             std::string::npos)
       << bytes;
   const CliRun beyond = Run({"dissipation", Sample("PXD-B04.DIS"), "--test", "9", "--txt", "-o", txt});
@@ -152,28 +156,33 @@ TEST_F(CliDissipationTest, WholeFileExportsInOneFileOrOnePerTest) {
   const CliRun one = Run({"dissipation", Sample("DIS-A01.DIS"), "--export", "csv", "-o", all});
   ASSERT_EQ(one.status, 0) << one.err;
   const std::string bytes = ReadWholeFile(all);
-  EXPECT_TRUE(bytes.starts_with(
-      "KORVAN CSV FILE VER: DIS.10.03.2013\r\nDissipation Test\r\nCOMPANY:,HARBOURLINE GEOTECHNICAL LTD.\r\n"))
+  EXPECT_TRUE(
+      bytes.starts_with("KORVAN CSV FILE VER: DIS.10.03.2013\r\nDissipation Test\r\nCOMPANY:,HARBOURLINE "
+                        "GEOTECHNICAL LTD.\r\n"))
       << bytes;
-  EXPECT_NE(bytes.find("TIP STYLE:,Conventional\r\n\r\nDISSIPATION DEPTH (m):,6.50\r\nTIME (S),PRESSURE (kPa)\r\n"
-                       "     1.000,      +411.341\r\n"),
-            std::string::npos);
+  EXPECT_NE(
+      bytes.find("TIP STYLE:,Conventional\r\n\r\nDISSIPATION DEPTH (m):,6.50\r\nTIME (S),PRESSURE (kPa)\r\n"
+                 "     1.000,      +411.341\r\n"),
+      std::string::npos);
   EXPECT_NE(bytes.find("DISSIPATION DEPTH (m):,12.80\r\n"), std::string::npos);
 
-  const CliRun px = Run({"dissipation", Sample("PXD-B04.DIS"), "--export", "txt", "-o", files_.File("px.txt")});
+  const CliRun px =
+      Run({"dissipation", Sample("PXD-B04.DIS"), "--export", "txt", "-o", files_.File("px.txt")});
   ASSERT_EQ(px.status, 0) << px.err;
-  EXPECT_TRUE(ReadWholeFile(files_.File("px.txt")).starts_with("Kestrelmoor Dissipation File\r\nDissipation Test\r\n"));
+  EXPECT_TRUE(ReadWholeFile(files_.File("px.txt"))
+                  .starts_with("Kestrelmoor Dissipation File\r\nDissipation Test\r\n"));
 
   // One file per test, named by depth in feet; an existing one answered No is left alone.
   WriteFileAtomically(files_.File("each_21.33.txt"), "kept");
-  const CliRun each =
-      Run({"--feet", "dissipation", Sample("DIS-A01.DIS"), "--export", "txt-each", "-o", files_.File("each.txt")});
+  const CliRun each = Run({"--feet", "dissipation", Sample("DIS-A01.DIS"), "--export", "txt-each", "-o",
+                           files_.File("each.txt")});
   ASSERT_EQ(each.status, 0) << each.err;
   EXPECT_EQ(each.err, "? each_21.33.txt already exists. Overwrite? -> No\n");
   EXPECT_EQ(ReadWholeFile(files_.File("each_21.33.txt")), "kept");
   const std::string deep = ReadWholeFile(files_.File("each_41.99.txt"));
   EXPECT_TRUE(deep.starts_with("KORVAN TEXT FILE VER: DIS.10.03.2013\r\n"));
-  EXPECT_NE(deep.find("\r\n\r\nDISSIPATION DEPTH (ft):41.99\r\nTIME (S)    PRESSURE (kPa)\r\n     1.000      +635.802\r\n"),
+  EXPECT_NE(deep.find("\r\n\r\nDISSIPATION DEPTH (ft):41.99\r\nTIME (S)    PRESSURE (kPa)\r\n     1.000      "
+                      "+635.802\r\n"),
             std::string::npos)
       << deep;
   EXPECT_EQ(deep.find("DISSIPATION DEPTH (ft):21.33"), std::string::npos);

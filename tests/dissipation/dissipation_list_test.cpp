@@ -147,8 +147,10 @@ TEST_F(DissipationListTest, CsvColumnsFollowTheTwoMenus) {
 TEST_F(DissipationListTest, FieldboxListExportsMatchTheirGoldenFiles) {
   Open("DIS-T01.DIS", Join(test::FieldboxLines({kShallow, kDeep})));
   SetWaterTable(2.4f);
-  test::ExpectGolden(DissipationTxtExport(*t.session, {1, true, true}), "dissipation/fieldbox_list.expected.txt");
-  test::ExpectGolden(DissipationCsvExport(*t.session, {1, true, true}), "dissipation/fieldbox_list.expected.csv");
+  test::ExpectGolden(DissipationTxtExport(*t.session, {1, true, true}),
+                     "dissipation/fieldbox_list.expected.txt");
+  test::ExpectGolden(DissipationCsvExport(*t.session, {1, true, true}),
+                     "dissipation/fieldbox_list.expected.csv");
 }
 
 TEST_F(DissipationListTest, PxDasAndFldacqListExportsTakeThePxHeader) {
@@ -157,8 +159,10 @@ TEST_F(DissipationListTest, PxDasAndFldacqListExportsTakeThePxHeader) {
   test::ExpectGolden(DissipationCsvExport(*t.session, {1, false, true}), "dissipation/px_list.expected.csv");
   Open("FLDACQ-T02-001", Join(test::FldacqLines({{20.0, {{1, 0, 0, 30.5}, {4, 0, 0, 22.25}}}}, "ACME CPT")));
   const std::string txt = DissipationTxtExport(*t.session, {1, false, false});
-  EXPECT_TRUE(txt.starts_with("CPT PORE PRESSURE DATA\r\nFILE: FLDACQ-T02-001\r\nTEST DATE / TIME: \r\n")) << txt;
-  EXPECT_TRUE(txt.ends_with("    (S)           (PSI)\r\n    1.0          30.500\r\n    4.0          22.250\r\n"))
+  EXPECT_TRUE(txt.starts_with("CPT PORE PRESSURE DATA\r\nFILE: FLDACQ-T02-001\r\nTEST DATE / TIME: \r\n"))
+      << txt;
+  EXPECT_TRUE(
+      txt.ends_with("    (S)           (PSI)\r\n    1.0          30.500\r\n    4.0          22.250\r\n"))
       << txt;
 }
 
@@ -183,7 +187,8 @@ TEST_F(DissipationListTest, PrintedListHasItsHeaderThenTheTable) {
                    calls[calls.size() - 5].x1 + 7 * job.pages[0].TextWidth("0"));
 
   // A long test runs onto further pages.
-  Open("DIS-T02.DIS", Join(test::FieldboxLines({{3.0, std::vector<test::DissipationRow>(120, {1, 0, 0, 5})}})));
+  Open("DIS-T02.DIS",
+       Join(test::FieldboxLines({{3.0, std::vector<test::DissipationRow>(120, {1, 0, 0, 5})}})));
   RecordingJob long_job;
   PrintDissipationList(long_job, *t.session, {1, false, false});
   EXPECT_GE(long_job.pages.size(), 3u);
@@ -209,7 +214,8 @@ TEST_F(DissipationListTest, ListSaveAsksBeforeReplacingAFile) {
 
 TEST_F(DissipationListTest, WholeFileExportsOfBothEditors) {
   Open("DIS-T01.DIS", Join(test::FieldboxLines({kShallow, kDeep})));
-  test::ExpectGolden(DissipationWholeFileExport(*t.session, false), "dissipation/fieldbox_whole.expected.txt");
+  test::ExpectGolden(DissipationWholeFileExport(*t.session, false),
+                     "dissipation/fieldbox_whole.expected.txt");
   test::ExpectGolden(DissipationWholeFileExport(*t.session, true), "dissipation/fieldbox_whole.expected.csv");
   Open("PXD-T04.DIS", Join(test::PxLines({kPxShallow, kPxDeep})));
   test::ExpectGolden(DissipationWholeFileExport(*t.session, false), "dissipation/px_whole.expected.txt");
@@ -224,8 +230,9 @@ TEST_F(DissipationListTest, WholeFileRowsSignAndPad) {
             std::string::npos)
       << csv;
   const std::string txt = DissipationWholeFileExport(*t.session, false, {1});
-  EXPECT_NE(txt.find("DISSIPATION DEPTH (m):6.50\r\nTIME (S)    PRESSURE (kPa)\r\n     1.000      +620.000\r\n"),
-            std::string::npos)
+  EXPECT_NE(
+      txt.find("DISSIPATION DEPTH (m):6.50\r\nTIME (S)    PRESSURE (kPa)\r\n     1.000      +620.000\r\n"),
+      std::string::npos)
       << txt;
 }
 
@@ -245,7 +252,8 @@ TEST_F(DissipationListTest, OneFilePerTestNamedByDepthAskingBeforeReplacing) {
   t.session->DepthUnitIsMetric = 0;
   EXPECT_EQ(PerTestExportPath(*t.session, out, 1), t.data.File("out_21.33.csv"));
   ExportWholeDissipationFile(*t.session, t.prompts, t.data.File("all.txt"), false, false);
-  EXPECT_NE(ReadWholeFile(t.data.File("all.txt")).find("DISSIPATION DEPTH (ft):41.83\r\n"), std::string::npos);
+  EXPECT_NE(ReadWholeFile(t.data.File("all.txt")).find("DISSIPATION DEPTH (ft):41.83\r\n"),
+            std::string::npos);
 }
 
 TEST_F(DissipationListTest, AnExportPastTheTestsFailsWithItsProcedure) {

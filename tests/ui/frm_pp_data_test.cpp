@@ -95,12 +95,14 @@ class FrmPPDataTest : public QObject {
     list->mnuExportcsvFile->trigger();
     const std::string bytes = marlview::ReadWholeFile(csv);
     QVERIFY(bytes.starts_with("CPT DATA\r\nFILENAME,DIS-A01.DIS\r\n"));
-    QVERIFY(bytes.find("\r\nPP TEST DEPTH (m),6.50\r\nTime (S),Pore Pressure (kPa),Percent Max Pressure (%)\r\n"
-                       "1.0,411.341,") != std::string::npos);
+    QVERIFY(
+        bytes.find("\r\nPP TEST DEPTH (m),6.50\r\nTime (S),Pore Pressure (kPa),Percent Max Pressure (%)\r\n"
+                   "1.0,411.341,") != std::string::npos);
     const std::string txt = t_->data.File("a01.txt");
     t_->prompts.Script({txt});
     list->mnuSaveFile->trigger();
-    QVERIFY(marlview::ReadWholeFile(txt).starts_with("CPT PORE PRESSURE DATA\r\nHARBOURLINE GEOTECHNICAL LTD.\r\n"));
+    QVERIFY(marlview::ReadWholeFile(txt).starts_with(
+        "CPT PORE PRESSURE DATA\r\nHARBOURLINE GEOTECHNICAL LTD.\r\n"));
     // A second save to the same file asks first; No leaves it.
     t_->prompts.Script({txt, "No"});
     list->mnuShowPercentageMaxPressure->trigger();

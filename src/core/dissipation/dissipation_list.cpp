@@ -55,6 +55,12 @@ std::string GpsText(const DissipationSet& set) {
          set.GpsQuality;
 }
 
+// The pressure column is as wide as its format, or as its title with the lead of three blanks.
+int PressureColumnWidth(const DissipationSet& set) {
+  return std::max<int>(static_cast<int>(std::string_view(kPressureFormat).size()),
+                       3 + static_cast<int>(DissipationChannelName(set).size()));
+}
+
 bool FieldboxHeader(const DissipationSet& set) { return set.FileKind == kFieldboxDissipation; }
 
 void Line(std::string& out, const std::string& text) {
@@ -127,8 +133,8 @@ void WholeFileTest(std::string& out, const Session& session, bool csv, int test)
   const DissipationSet& set = Set(session);
   const size_t i = TestIndex(set, test);
   const std::string unit = DissipationUnitName(set, session.units);
-  Line(out, std::string(Metric(session) ? "DISSIPATION DEPTH (m):" : "DISSIPATION DEPTH (ft):") + (csv ? "," : "") +
-                FormatNumber(InDepthUnit(session, set.TestDepth[i]), "##0.00"));
+  Line(out, std::string(Metric(session) ? "DISSIPATION DEPTH (m):" : "DISSIPATION DEPTH (ft):") +
+                (csv ? "," : "") + FormatNumber(InDepthUnit(session, set.TestDepth[i]), "##0.00"));
   Line(out, csv ? "TIME (S),PRESSURE (" + unit + ")" : "TIME (S)    PRESSURE (" + unit + ")");
   for (int k = 1; k <= set.RowCount[i]; ++k) {
     std::string row = Pad(FormatNumber(set.RowTime(test, k), kWholeTimeFormat), kWholeTimeWidth);
@@ -150,7 +156,9 @@ bool PercentHeadAvailable(const DissipationSet& set, int test) {
 }
 
 // The caption is the file name run together with the window's title, as the field program shows it.
-std::string DissipationListCaption(const DissipationSet& set) { return set.DissipationFileName + "DISSIPATION D"; }
+std::string DissipationListCaption(const DissipationSet& set) {
+  return set.DissipationFileName + "DISSIPATION D";
+}
 
 std::string DissipationUnitName(const DissipationSet& set, const UnitTables& units) {
   switch (set.FileKind) {
@@ -172,28 +180,28 @@ std::string DissipationChannelName(const DissipationSet& set) {
   return "Pressure";
 }
 
-std::vector<DissipationColumn> DissipationListColumns(const Session& session, const DissipationListView& view) {
+std::vector<DissipationColumn> DissipationListColumns(const Session& session,
+                                                      const DissipationListView& view) {
   const DissipationSet& set = Set(session);
   std::vector<DissipationColumn> columns;
   columns.push_back({"   Time", "    (S)", 7});
-  const std::string name = "   " + DissipationChannelName(set);
-  const int width = std::max<int>(static_cast<int>(std::string_view(kPressureFormat).size()),
-                                  static_cast<int>(name.size()));
-  columns.push_back({Pad(name, width), Pad("(" + DissipationUnitName(set, session.units) + ")", width), width});
+  const int width = PressureColumnWidth(set);
+  columns.push_back({Pad("   " + DissipationChannelName(set), width),
+                     Pad("(" + DissipationUnitName(set, session.units) + ")", width), width});
   if (view.show_percent_max) columns.push_back({"   % Max Pressure", "                %", 17});
   if (ShowHead(set, view)) columns.push_back({"   % Over Head Pressure", "                      %", 23});
   return columns;
 }
 
-std::string DissipationListCell(const DissipationSet& set, const DissipationListView& view, int row, int column) {
+std::string DissipationListCell(const DissipationSet& set, const DissipationListView& view, int row,
+                                int column) {
   const int test = view.test;
   TestIndex(set, test);
   if (column == 0) return Pad(FormatNumber(set.RowTime(test, row), kTimeFormat), 7);
-  if (column == 1) {
-    const int width = std::max<int>(15, 3 + static_cast<int>(DissipationChannelName(set).size()));
-    return Pad(FormatNumber(set.RowPressure(test, row), kPressureFormat), width);
-  }
-  if (column == 2 && view.show_percent_max) return Pad(FormatNumber(set.PercentMax(test, row), kPercentFormat), 17);
+  if (column == 1)
+    return Pad(FormatNumber(set.RowPressure(test, row), kPressureFormat), PressureColumnWidth(set));
+  if (column == 2 && view.show_percent_max)
+    return Pad(FormatNumber(set.PercentMax(test, row), kPercentFormat), 17);
   return Pad(FormatNumber(set.PercentHead(test, row), kPercentFormat), 23);
 }
 
@@ -228,18 +236,20 @@ std::vector<std::string> DissipationPrintHeader(const Session& session, const Di
   lines.push_back("LOCATION: " + (px ? set.PxLocation : set.Location));
   lines.push_back("DATE: " + (px ? set.TestDateText : set.TestDate));
   lines.push_back("");
-  lines.push_back("DISSIPATION DEPTH " + metric + FormatNumber(InDepthUnit(session, set.TestDepth[i]), "##0.00"));
+  lines.push_back("DISSIPATION DEPTH " + metric +
+                  FormatNumber(InDepthUnit(session, set.TestDepth[i]), "##0.00"));
   lines.push_back("MAXIMUM PRESSURE (" + unit + "): " + FormatNumber(set.MaxPressure[i], "#######0.000"));
   lines.push_back("WATER TABLE DEPTH " + metric + WaterTableText(session));
-  lines.push_back("HEAD PRESSURE (" + unit + "): " + FormatNumber(set.HydrostaticPressure[i], "#######0.000"));
+  lines.push_back("HEAD PRESSURE (" + unit +
+                  "): " + FormatNumber(set.HydrostaticPressure[i], "#######0.000"));
   return lines;
 }
 
 void PrintDissipationList(PrintJob& job, const Session& session, const DissipationListView& view) {
   const std::vector<std::string> header = DissipationPrintHeader(session, view);
-  const std::vector<std::string> table = DissipationListLines(session, view);
   const std::vector<DissipationColumn> columns = DissipationListColumns(session, view);
   const DissipationSet& set = Set(session);
+  const int rows = set.RowCount[TestIndex(set, view.test)];
   const double width = job.PageWidthPoints(), height = job.PageHeightPoints();
   DrawingSurface* page = &job.NewPage();
   page->SetScale(0, 0, width, height);
@@ -276,7 +286,7 @@ void PrintDissipationList(PrintJob& job, const Session& session, const Dissipati
   };
   print_row([&](size_t c) { return columns[c].heading; });
   print_row([&](size_t c) { return columns[c].unit_line; });
-  for (int k = 1; k + 1 < static_cast<int>(table.size()); ++k) {
+  for (int k = 1; k <= rows; ++k) {
     print_row([&](size_t c) { return DissipationListCell(set, view, k, static_cast<int>(c)); });
   }
 }
@@ -369,7 +379,8 @@ std::string DissipationCsvExport(const Session& session, const DissipationListVi
   Line(out, "PP TEST DEPTH " + metric + FormatNumber(InDepthUnit(session, set.TestDepth[i]), "##0.00"));
   const bool head = ShowHead(set, view);
   // The column line keeps its comma after the pressure even when no percentage follows.
-  std::string columns = "Time (S)," + DissipationChannelName(set) + " (" + DissipationUnitName(set, session.units) + "),";
+  std::string columns =
+      "Time (S)," + DissipationChannelName(set) + " (" + DissipationUnitName(set, session.units) + "),";
   if (view.show_percent_max && head) {
     columns += "Percent Max Pressure (%),Percent Over Hydrostatic (%)";
   } else if (view.show_percent_max) {
@@ -425,16 +436,16 @@ std::string PerTestExportPath(const Session& session, const std::string& path, i
 }
 
 bool WriteExportAsking(UserPrompts& prompts, const std::string& path, const std::string& bytes) {
-  if (FileExists(path) &&
-      prompts.Ask(std::string(FileNamePart(path)) + " already exists. Overwrite?", Buttons::kYesNo) != Answer::kYes) {
+  if (FileExists(path) && prompts.Ask(std::string(FileNamePart(path)) + " already exists. Overwrite?",
+                                      Buttons::kYesNo) != Answer::kYes) {
     return false;
   }
   WriteFileAtomically(path, bytes);
   return true;
 }
 
-void ExportWholeDissipationFile(const Session& session, UserPrompts& prompts, const std::string& path, bool csv,
-                                bool each) {
+void ExportWholeDissipationFile(const Session& session, UserPrompts& prompts, const std::string& path,
+                                bool csv, bool each) {
   const char* source = each ? (csv ? "mnuCSVFiles_Click" : "mnuTextFiles_Click")
                             : (csv ? "mnuCSVFile_Click" : "mnuTextFile_Click");
   InProcedure(source, [&] {
@@ -443,7 +454,8 @@ void ExportWholeDissipationFile(const Session& session, UserPrompts& prompts, co
       return;
     }
     for (int i = 1; i <= Set(session).DissipationCount; ++i) {
-      WriteExportAsking(prompts, PerTestExportPath(session, path, i), DissipationWholeFileExport(session, csv, {i}));
+      WriteExportAsking(prompts, PerTestExportPath(session, path, i),
+                        DissipationWholeFileExport(session, csv, {i}));
     }
   });
 }

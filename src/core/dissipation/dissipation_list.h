@@ -42,9 +42,11 @@ struct DissipationColumn {
 };
 
 // Time, pressure, and the percentages the view shows, in that order.
-std::vector<DissipationColumn> DissipationListColumns(const Session& session, const DissipationListView& view);
+std::vector<DissipationColumn> DissipationListColumns(const Session& session,
+                                                      const DissipationListView& view);
 // Row k's cell of column c (0-based, as DissipationListColumns), padded to the column's width.
-std::string DissipationListCell(const DissipationSet& set, const DissipationListView& view, int row, int column);
+std::string DissipationListCell(const DissipationSet& set, const DissipationListView& view, int row,
+                                int column);
 // The two heading lines and one line per row, as the fixed-pitch box shows them.
 std::vector<std::string> DissipationListLines(const Session& session, const DissipationListView& view);
 
@@ -72,7 +74,7 @@ std::string PerTestExportPath(const Session& session, const std::string& path, i
 // False when the answer was No and the file was left alone.
 bool WriteExportAsking(UserPrompts& prompts, const std::string& path, const std::string& bytes);
 // mnuTextFile / mnuCSVFile (each false) or mnuTextFiles / mnuCSVFiles (each true) to path.
-void ExportWholeDissipationFile(const Session& session, UserPrompts& prompts, const std::string& path, bool csv,
-                                bool each);
+void ExportWholeDissipationFile(const Session& session, UserPrompts& prompts, const std::string& path,
+                                bool csv, bool each);
 
 }  // namespace marlview

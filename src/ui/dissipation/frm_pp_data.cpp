@@ -73,8 +73,7 @@ void FrmPPData::BuildMenus() {
 
   QMenu* view = menuBar()->addMenu("&View");
   view->setObjectName("mnuView");
-  mnuShowPercentageMaxPressure =
-      NamedAction(view, "mnuShowPercentageMaxPressure", "Show % &Max Pressure");
+  mnuShowPercentageMaxPressure = NamedAction(view, "mnuShowPercentageMaxPressure", "Show % &Max Pressure");
   mnuShowPercentageOverPressure =
       NamedAction(view, "mnuShowPercentageOverPressure", "Show % &Over Head Pressure");
   mnuShowPercentageMaxPressure->setCheckable(true);
@@ -101,7 +100,8 @@ void FrmPPData::Connect() {
     });
   });
   On(mnuSaveFile, "mnuSaveFile_Click", [this] { SaveDissipationList(session_, prompts_, view_, false); });
-  On(mnuExportcsvFile, "mnuExportcsvFile_Click", [this] { SaveDissipationList(session_, prompts_, view_, true); });
+  On(mnuExportcsvFile, "mnuExportcsvFile_Click",
+     [this] { SaveDissipationList(session_, prompts_, view_, true); });
   On(mnuEdit, "mnuEdit_Click", [this] { TellNotAvailable(prompts_, "The dissipation editor"); });
   On(mnuPrintSettings, "mnuPrintSettings_Click",
      [this] { TellNotAvailable(prompts_, "The dissipation print settings"); });
@@ -133,7 +133,9 @@ void FrmPPData::Refill() {
   // Cells are formatted by the grid only as they come into view.
   grdData->Fill(
       heading, rows, [this](int row) { return DissipationListCell(session_.Dissipation(), view_, row, 0); },
-      [this](int row, int column) { return DissipationListCell(session_.Dissipation(), view_, row, column + 1); },
+      [this](int row, int column) {
+        return DissipationListCell(session_.Dissipation(), view_, row, column + 1);
+      },
       (widest + 2) * kPixelsPerCharacter);
 }
 
