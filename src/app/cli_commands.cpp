@@ -60,6 +60,8 @@ constexpr const char* kUsage =
     "                    dissipation FILE [--test N --t50 --u0 U0 --u100 U100]\n"
     "                    dissipation FILE --plot -o OUT.png|OUT.pdf [--test N]... [--mode pressure|percent-max|\n"
     "                                percent-head] [--time linear|log|sqrt]\n"
+    "                    dissipation FILE --test N --csv|--txt -o OUT [--percent-max] [--percent-head]\n"
+    "                    dissipation FILE --export txt|csv|txt-each|csv-each -o OUT\n"
     "                    edit FILE [OPERATION]... (-o OUT [--dat-compatible] | --channels [--kind K])\n"
     "                    seismic FILE [OPERATION]... [--waves | --velocities]\n";
 
@@ -316,7 +318,7 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
                                     options.grid || options.elevation || !options.format.empty() ||
                                     options.no_header || !options.unit.empty() || options.unadjusted;
       if (sounding_options) throw UsageError("dissipation takes none of the sounding options");
-      if (const std::string error = DissipationUsageError(options.dissipation, options.out); !error.empty()) {
+      if (const std::string error = DissipationUsageError(options.dissipation, options.out, options.positional[1]); !error.empty()) {
         throw UsageError(error);
       }
     }

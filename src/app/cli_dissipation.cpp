@@ -8,6 +8,7 @@
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
+#include "core/dissipation/dissipation_list.h"
 #include "core/dissipation/dissipation_plot.h"
 #include "core/dissipation/t50_utility.h"
 #include "core/session/session.h"
@@ -122,6 +123,36 @@ int RunPlot(Session& session, ShellController& shell, CliPrompts& prompts, const
   return prompts.ErrorShown() ? 1 : 0;
 }
 
+// The list window's export of one test, with the percentage columns of its two menus.
+int RunListExport(Session& session, CliPrompts& prompts, const DissipationOptions& options,
+                  const std::string& out_path) {
+  DissipationListView view;
+  view.test = options.tests.front();
+  view.show_percent_max = options.percent_max;
+  // The head menu is disabled without a head; the column stays away as in the window.
+  view.show_percent_head = options.percent_head && PercentHeadAvailable(session.Dissipation(), view.test);
+  const char* source = options.csv ? "mnuExportcsvFile_Click" : "mnuSaveFile_Click";
+  const bool written = TellFailures(prompts, source, [&] {
+    const std::string bytes =
+        options.csv ? DissipationCsvExport(session, view) : DissipationTxtExport(session, view);
+    WriteExportAsking(prompts, out_path, bytes);
+  });
+  return written ? 0 : 1;
+}
+
+int RunWholeFileExport(Session& session, CliPrompts& prompts, const DissipationOptions& options,
+                       const std::string& out_path) {
+  const bool csv = options.export_form.starts_with("csv");
+  const bool each = options.export_form.ends_with("-each");
+  try {
+    ExportWholeDissipationFile(session, prompts, out_path, csv, each);
+  } catch (const RuntimeFailure& failure) {
+    prompts.Tell(GeneralErrorText(failure));
+    return 1;
+  }
+  return 0;
+}
+
 }  // namespace
 
 bool ParseDissipationOption(const std::string& a, const std::function<const std::string&()>& value,
@@ -152,6 +183,8 @@ bool ParseDissipationOption(const std::string& a, const std::function<const std:
     options.mode = value();
   else if (a == "--time")
     options.time = value();
+  else if (a == "--export")
+    options.export_form = value();
   else
     return false;
   return true;
@@ -159,18 +192,38 @@ bool ParseDissipationOption(const std::string& a, const std::function<const std:
 
 bool AnyDissipationOption(const DissipationOptions& o) {
   return !o.tests.empty() || o.csv || o.txt || o.percent_max || o.percent_head || o.t50 || o.u0 || o.u100 ||
-         o.plot || !o.mode.empty() || !o.time.empty();
+         o.plot || !o.mode.empty() || !o.time.empty() || !o.export_form.empty();
 }
 
-std::string DissipationUsageError(const DissipationOptions& o, const std::string& out) {
+std::string DissipationUsageError(const DissipationOptions& o, const std::string& out,
+                                  const std::string& file) {
   for (int test : o.tests) {
     if (test < 1 || test > kMaxDissipations) return "--test takes a whole number from 1 to 100";
   }
-  const int actions = (o.csv || o.txt ? 1 : 0) + (o.t50 ? 1 : 0) + (o.plot ? 1 : 0);
-  if (actions > 1) return "dissipation takes one of --csv, --txt, --t50 or --plot";
-  if (o.csv || o.txt || o.percent_max || o.percent_head) {
-    return "the dissipation list exports are not available in this version of marlview-cli yet";
+  if (!o.export_form.empty()) {
+    if (o.export_form != "txt" && o.export_form != "csv" && o.export_form != "txt-each" &&
+        o.export_form != "csv-each") {
+      return "--export is txt, csv, txt-each or csv-each";
+    }
+    if (o.csv || o.txt || o.t50 || o.plot) return "--export goes with none of --csv, --txt, --t50 or --plot";
+    if (out.empty()) return "--export writes -o OUT";
+    if (!o.tests.empty() || o.percent_max || o.percent_head || !o.mode.empty() || !o.time.empty()) {
+      return "--export writes every test and takes no --test, --percent-max, --percent-head, --mode or "
+             "--time";
+    }
+    // A file without the .DIS extension is an FLDACQ file, which has no editor to export from.
+    if (!ContainsNoCase(file, ".dis")) return "--export is for .DIS files; an FLDACQ file has no editor";
+    return {};
   }
+  const int actions = (o.csv || o.txt ? 1 : 0) + (o.t50 ? 1 : 0) + (o.plot ? 1 : 0);
+  if (actions > 1 || (o.csv && o.txt)) return "dissipation takes one of --csv, --txt, --t50 or --plot";
+  if (o.csv || o.txt) {
+    if (o.tests.size() != 1) return "--csv and --txt take one --test N";
+    if (out.empty()) return "--csv and --txt write -o OUT";
+    if (!o.mode.empty() || !o.time.empty()) return "--csv and --txt take no --mode or --time";
+    return {};
+  }
+  if (o.percent_max || o.percent_head) return "--percent-max and --percent-head go with --csv or --txt";
   if (o.t50) {
     if (o.tests.size() != 1) return "--t50 takes one --test N";
     if (!o.u0 || !o.u100 || std::isnan(*o.u0) || std::isnan(*o.u100))
@@ -191,7 +244,7 @@ std::string DissipationUsageError(const DissipationOptions& o, const std::string
     return {};
   }
   if (!o.tests.empty() || !o.mode.empty() || !o.time.empty() || !out.empty()) {
-    return "dissipation FILE takes --test, -o, --mode and --time only with --t50 or --plot";
+    return "dissipation FILE takes --test, -o, --mode and --time only with --t50, --plot, --csv or --txt";
   }
   return {};
 }
@@ -213,6 +266,8 @@ int RunDissipation(Session& session, ShellController& shell, CliPrompts& prompts
     shell.Dissipations().WaterTableChanged();
   }
   if (options.t50) return RunT50(session, options, out);
+  if (options.csv || options.txt) return RunListExport(session, prompts, options, out_path);
+  if (!options.export_form.empty()) return RunWholeFileExport(session, prompts, options, out_path);
   if (options.plot) return RunPlot(session, shell, prompts, options, out_path);
   out << InfoJson(session).dump(2) << '\n';
   return prompts.ErrorShown() ? 1 : 0;

@@ -1,5 +1,5 @@
-// marlview-cli's dissipation subcommand: the file's information, T50 for a given U0 and U100, and
-// the plot as a picture or a printed page.
+// marlview-cli's dissipation subcommand: the file's information, T50 for a given U0 and U100, the
+// plot as a picture or a printed page, the list's exports of one test and the whole-file exports.
 #pragma once
 
 #include <functional>
@@ -23,6 +23,8 @@ struct DissipationOptions {
   bool plot = false;
   std::string mode;
   std::string time;
+  // The editors' whole-file exports: txt, csv, txt-each or csv-each.
+  std::string export_form;
 };
 
 // Takes option a (and its value) when it is one of the subcommand's; false otherwise.
@@ -30,8 +32,9 @@ bool ParseDissipationOption(const std::string& a, const std::function<const std:
                             DissipationOptions& options);
 // Whether any of the subcommand's options was given.
 bool AnyDissipationOption(const DissipationOptions& options);
-// The usage error of a command line for the subcommand, empty when it is good.
-std::string DissipationUsageError(const DissipationOptions& options, const std::string& out);
+// The usage error of a command line for the subcommand on file, empty when it is good.
+std::string DissipationUsageError(const DissipationOptions& options, const std::string& out,
+                                  const std::string& file);
 
 // Opens the file as the dissipation option does, applies the water table of the command line and
 // runs the subcommand. The exit status of marlview-cli.

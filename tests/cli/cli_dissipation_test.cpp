@@ -1,5 +1,5 @@
 // marlview-cli's dissipation subcommand: the information, T50 for given U0 and U100, the plot,
-// the refusals and the exports of a later version.
+// the list's exports of one test, the whole-file exports and the refusals.
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
@@ -85,9 +85,17 @@ TEST_F(CliDissipationTest, RefusalsAndBadUsage) {
             "! Marlview has encountered an error: Error #9: 'Subscript out of range' from "
             "'cmdPlotDissipation_Click'\n");
   for (const std::vector<std::string>& args : std::vector<std::vector<std::string>>{
-           {"dissipation", Sample("DIS-A01.DIS"), "--test", "1", "--csv", "-o", files_.File("x.csv")},
-           {"dissipation", Sample("DIS-A01.DIS"), "--test", "1", "--txt", "-o", files_.File("x.txt"),
-            "--percent-max"},
+           {"dissipation", Sample("DIS-A01.DIS"), "--csv", "-o", files_.File("x.csv")},
+           {"dissipation", Sample("DIS-A01.DIS"), "--test", "1", "--txt"},
+           {"dissipation", Sample("DIS-A01.DIS"), "--test", "1", "--csv", "--txt", "-o",
+            files_.File("x.csv")},
+           {"dissipation", Sample("DIS-A01.DIS"), "--percent-max"},
+           {"dissipation", Sample("DIS-A01.DIS"), "--export", "csv"},
+           {"dissipation", Sample("DIS-A01.DIS"), "--export", "pdf", "-o", files_.File("x.pdf")},
+           {"dissipation", Sample("DIS-A01.DIS"), "--export", "csv", "--csv", "--test", "1", "-o",
+            files_.File("x")},
+           {"dissipation", Sample("DIS-A01.DIS"), "--export", "txt", "--t50", "-o", files_.File("x")},
+           {"dissipation", Sample("FLDACQ-C02-001"), "--export", "txt", "-o", files_.File("x.txt")},
            {"dissipation", Sample("DIS-A01.DIS"), "--t50", "--u0", "1", "--u100", "0"},
            {"dissipation", Sample("DIS-A01.DIS"), "--plot", "-o", files_.File("x.svg")},
            {"dissipation", Sample("DIS-A01.DIS"), "--channel", "Tip"},
@@ -96,11 +104,89 @@ TEST_F(CliDissipationTest, RefusalsAndBadUsage) {
     const CliRun run = Run(args);
     EXPECT_EQ(run.status, 2) << args[2];
     EXPECT_TRUE(run.err.starts_with("marlview-cli: ")) << run.err;
+    EXPECT_FALSE(FileExists(files_.File("x.csv")) || FileExists(files_.File("x.txt")));
   }
+}
+
+TEST_F(CliDissipationTest, ListExportsOfOneTestWithTheirPercentColumns) {
+  const std::string csv = files_.File("a01.csv");
+  const CliRun plain =
+      Run({"dissipation", Sample("DIS-A01.DIS"), "--test", "1", "--csv", "-o", csv, "--percent-head"});
+  ASSERT_EQ(plain.status, 0) << plain.err;
+  EXPECT_EQ(plain.out, "");
+  std::string bytes = ReadWholeFile(csv);
+  EXPECT_TRUE(bytes.starts_with("CPT DATA\r\nFILENAME,DIS-A01.DIS\r\nTEST ID,A01\r\n")) << bytes;
+  // No water table: no head column, whatever was asked.
+  EXPECT_NE(bytes.find("WATER TABLE DEPTH (m), UNDEFINED\r\nPP TEST DEPTH (m),6.50\r\n"
+                       "Time (S),Pore Pressure (kPa),\r\n1.0,411.341\r\n"),
+            std::string::npos)
+      << bytes;
+
+  // An existing file is replaced only when --yes answers the question.
+  const CliRun kept = Run({"--water-table", "2.4", "dissipation", Sample("DIS-A01.DIS"), "--test", "1",
+                           "--csv", "-o", csv, "--percent-head", "--percent-max"});
+  EXPECT_EQ(kept.status, 0);
+  EXPECT_EQ(kept.err, "? a01.csv already exists. Overwrite? -> No\n");
+  EXPECT_EQ(ReadWholeFile(csv), bytes);
+  const CliRun both = Run({"--yes", "--feet", "--water-table", "2.4", "dissipation", Sample("DIS-A01.DIS"),
+                           "--test", "1", "--csv", "-o", csv, "--percent-head", "--percent-max"});
+  ASSERT_EQ(both.status, 0) << both.err;
+  bytes = ReadWholeFile(csv);
+  EXPECT_NE(bytes.find("WATER TABLE DEPTH (ft),7.87\r\nPP TEST DEPTH (ft),21.33\r\nTime (S),Pore Pressure "
+                       "(kPa),Percent Max Pressure (%),Percent Over Hydrostatic (%)\r\n"),
+            std::string::npos)
+      << bytes;
+
+  const std::string txt = files_.File("b04.txt");
+  const CliRun px =
+      Run({"dissipation", Sample("PXD-B04.DIS"), "--test", "2", "--txt", "-o", txt, "--percent-max"});
+  ASSERT_EQ(px.status, 0) << px.err;
+  bytes = ReadWholeFile(txt);
+  EXPECT_TRUE(bytes.starts_with("CPT PORE PRESSURE DATA\r\nFILE: PXD-B04.DIS\r\n")) << bytes;
+  EXPECT_NE(bytes.find(
+                "\r\n   Time    PRESSURE U2   % Max Pressure\r\n    (S)          (kPa)                %\r\n"),
+            std::string::npos)
+      << bytes;
+  const CliRun beyond = Run({"dissipation", Sample("PXD-B04.DIS"), "--test", "9", "--txt", "-o", txt});
+  EXPECT_EQ(beyond.status, 1);
+}
+
+TEST_F(CliDissipationTest, WholeFileExportsInOneFileOrOnePerTest) {
+  const std::string all = files_.File("all.csv");
+  const CliRun one = Run({"dissipation", Sample("DIS-A01.DIS"), "--export", "csv", "-o", all});
+  ASSERT_EQ(one.status, 0) << one.err;
+  const std::string bytes = ReadWholeFile(all);
   EXPECT_TRUE(
-      Run({"dissipation", Sample("DIS-A01.DIS"), "--test", "1", "--csv", "-o", files_.File("x.csv")})
-          .err.starts_with("marlview-cli: the dissipation list exports are not available in this version of "
-                           "marlview-cli yet\n"));
+      bytes.starts_with("KORVAN CSV FILE VER: DIS.10.03.2013\r\nDissipation Test\r\nCOMPANY:,HARBOURLINE "
+                        "GEOTECHNICAL LTD.\r\n"))
+      << bytes;
+  EXPECT_NE(
+      bytes.find("TIP STYLE:,Conventional\r\n\r\nDISSIPATION DEPTH (m):,6.50\r\nTIME (S),PRESSURE (kPa)\r\n"
+                 "     1.000,      +411.341\r\n"),
+      std::string::npos);
+  EXPECT_NE(bytes.find("DISSIPATION DEPTH (m):,12.80\r\n"), std::string::npos);
+
+  const CliRun px =
+      Run({"dissipation", Sample("PXD-B04.DIS"), "--export", "txt", "-o", files_.File("px.txt")});
+  ASSERT_EQ(px.status, 0) << px.err;
+  EXPECT_TRUE(ReadWholeFile(files_.File("px.txt"))
+                  .starts_with("Kestrelmoor Dissipation File\r\nDissipation Test\r\n"));
+
+  // One file per test, named by depth in feet; an existing one answered No is left alone.
+  WriteFileAtomically(files_.File("each_21.33.txt"), "kept");
+  const CliRun each = Run({"--feet", "dissipation", Sample("DIS-A01.DIS"), "--export", "txt-each", "-o",
+                           files_.File("each.txt")});
+  ASSERT_EQ(each.status, 0) << each.err;
+  EXPECT_EQ(each.err, "? each_21.33.txt already exists. Overwrite? -> No\n");
+  EXPECT_EQ(ReadWholeFile(files_.File("each_21.33.txt")), "kept");
+  const std::string deep = ReadWholeFile(files_.File("each_41.99.txt"));
+  EXPECT_TRUE(deep.starts_with("KORVAN TEXT FILE VER: DIS.10.03.2013\r\n"));
+  EXPECT_NE(deep.find("\r\n\r\nDISSIPATION DEPTH (ft):41.99\r\nTIME (S)    PRESSURE (kPa)\r\n     1.000      "
+                      "+635.802\r\n"),
+            std::string::npos)
+      << deep;
+  EXPECT_EQ(deep.find("DISSIPATION DEPTH (ft):21.33"), std::string::npos);
+  EXPECT_FALSE(FileExists(files_.File("each.txt")));
 }
 
 }  // namespace

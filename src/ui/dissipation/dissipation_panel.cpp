@@ -13,6 +13,7 @@
 #include "ui/common/named.h"
 #include "ui/common/qt_prompts.h"
 #include "ui/dissipation/form2.h"
+#include "ui/dissipation/frm_pp_data.h"
 
 namespace marlview {
 
@@ -51,7 +52,7 @@ DissipationPanel::DissipationPanel(Session& session, UserPrompts& prompts, Shell
   connect(cmdPlotDissipation, &QPushButton::clicked, this,
           [this] { Handle("cmdPlotDissipation_Click", [&] { OpenPlotWindow(); }); });
   connect(cmdListDissipation, &QPushButton::clicked, this, [this] {
-    Handle("cmdListDissipation_Click", [&] { TellNotAvailable(prompts_, "The dissipation list"); });
+    Handle("cmdListDissipation_Click", [&] { OpenListWindow(); });
   });
   connect(cmdEditDissipation, &QPushButton::clicked, this, [this] {
     Handle("cmdEditDissipation_Click", [&] { TellNotAvailable(prompts_, "The dissipation editor"); });
@@ -59,6 +60,7 @@ DissipationPanel::DissipationPanel(Session& session, UserPrompts& prompts, Shell
   connect(cmdDissipationDone, &QPushButton::clicked, this, [this] {
     Handle("cmdDissipationDone_Click", [&] {
       ClosePlotWindow();
+      CloseListWindow();
       shell_.DissipationDone();
     });
   });
@@ -104,6 +106,8 @@ void DissipationPanel::OpenPlotWindow() {
       [this] {
         controller_.Refill();
         Refresh();
+        // The head column of an open list follows the new water table.
+        if (list_window_ != nullptr) list_window_->Refill();
       },
       [this] { ClosePlotWindow(); }, window());
   plot_window_->setWindowFlag(Qt::Window);
@@ -115,6 +119,24 @@ void DissipationPanel::ClosePlotWindow() {
   plot_window_->close();
   // The close may come from one of the window's own menus, which is still running.
   plot_window_.release()->deleteLater();
+}
+
+void DissipationPanel::OpenListWindow() {
+  const std::vector<int>& selected = controller_.SelectedRows();
+  // The list shows one test; the button is on only then.
+  if (selected.size() != 1) return;
+  CloseListWindow();
+  list_window_ = std::make_unique<FrmPPData>(session_, prompts_, selected.front() + 1,
+                                             [this] { CloseListWindow(); }, window());
+  list_window_->setWindowFlag(Qt::Window);
+  list_window_->show();
+}
+
+void DissipationPanel::CloseListWindow() {
+  if (list_window_ == nullptr) return;
+  list_window_->close();
+  // The close may come from one of the window's own menus, which is still running.
+  list_window_.release()->deleteLater();
 }
 
 }  // namespace marlview

@@ -16,6 +16,7 @@ namespace marlview {
 
 class DissipationController;
 class Form2;
+class FrmPPData;
 class Session;
 class ShellController;
 
@@ -32,6 +33,8 @@ class DissipationPanel : public QGroupBox {
   void Refresh();
   // The plot window last opened, until it is closed and deleted.
   Form2* PlotWindow() const { return plot_window_.get(); }
+  // The list window last opened, until it is closed and deleted.
+  FrmPPData* ListWindow() const { return list_window_.get(); }
 
   QLabel* lblAvailableDissipations;
   QListWidget* lstAvailableDissipations;
@@ -45,6 +48,8 @@ class DissipationPanel : public QGroupBox {
   void Handle(const char* source, const std::function<void()>& handler);
   void OpenPlotWindow();
   void ClosePlotWindow();
+  void OpenListWindow();
+  void CloseListWindow();
 
   Session& session_;
   UserPrompts& prompts_;
@@ -52,6 +57,7 @@ class DissipationPanel : public QGroupBox {
   DissipationController& controller_;
   std::function<void()> on_changed_;
   std::unique_ptr<Form2> plot_window_;
+  std::unique_ptr<FrmPPData> list_window_;
 };
 
 }  // namespace marlview
