@@ -13,6 +13,8 @@
 namespace marlview {
 namespace {
 
+constexpr double kPascalsPerKilopascal = 1000.0;
+
 void SetGroup(UnitTables& units, int group, const char* name,
               std::initializer_list<std::pair<const char*, float>> list, int count) {
   units.UnitGroupName[group] = name;
@@ -31,7 +33,8 @@ void SetGroup(UnitTables& units, int group, const char* name,
 }
 
 // The units of the five unit files as installed; a data directory without one of the files uses
-// these. Pressure rows 2, 11, 14 and 15 are kPa, tsf, psi and MPa, which the program relies on.
+// these. Pressure rows 2, 11, 14 and 15 are kPa, tsf, psi and MPa, which the program relies on;
+// pressure factors are pascals per unit, so a lone factor (a metre of water is 9806 Pa) reads true.
 void SetBuiltInFileGroup(UnitTables& units, int group) {
   switch (group) {
     case kForceGroup:
@@ -41,10 +44,10 @@ void SetBuiltInFileGroup(UnitTables& units, int group) {
       break;
     case kPressureGroup:
       SetGroup(units, group, "PRESS",
-               {{"Pa", 0.001f}, {"kPa", 1}, {"bar", 100}, {"mbar", 0.1f}, {"kg/cm^2", 98.0665f},
-                {"kgf/cm^2", 98.0665f}, {"t/m^2", 9.80665f}, {"ksf", 47.880259f}, {"psf", 0.047880259f},
-                {"atm", 101.325f}, {"tsf", 95.760518f}, {"ksi", 6894.7573f}, {"kN/m^2", 1},
-                {"psi", 6.8947573f}, {"MPa", 1000}});
+               {{"Pa", 1}, {"kPa", 1000}, {"bar", 100000}, {"mbar", 100}, {"kg/cm^2", 98066.5f},
+                {"kgf/cm^2", 98066.5f}, {"t/m^2", 9806.65f}, {"ksf", 47880.259f}, {"psf", 47.880259f},
+                {"atm", 101325}, {"tsf", 95760.518f}, {"ksi", 6894757.3f}, {"kN/m^2", 1000},
+                {"psi", 6894.7573f}, {"MPa", 1000000}});
       break;
     case kLengthGroup:
       SetGroup(units, group, "STRAIN",
@@ -63,6 +66,18 @@ void SetBuiltInFileGroup(UnitTables& units, int group) {
   }
 }
 
+// Pressure tables of earlier versions gave kilopascals per unit (kPa 1, psi 6.8947573). Their kPa
+// row tells them apart; scaled to pascals here, an existing data directory keeps its results.
+bool IsKilopascalTable(const std::array<std::string, kMaxUnitsInGroup + 1>& names,
+                       const std::array<double, kMaxUnitsInGroup + 1>& factors, int count) {
+  int kpa = 0;
+  for (int unit = 1; unit <= count && kpa == 0; ++unit) {
+    if (names[static_cast<size_t>(unit)] == "kPa") kpa = unit;
+  }
+  if (kpa == 0 && kKpaUnit <= count) kpa = kKpaUnit;
+  return kpa != 0 && factors[static_cast<size_t>(kpa)] == 1;
+}
+
 }  // namespace
 
 const std::string& UnitTables::Name(int unit, int group) const {
@@ -77,13 +92,21 @@ float UnitTables::Factor(int unit, int group) const {
 
 void ReadUnitFile(UnitTables& units, int group, std::string_view bytes) {
   LineCursor lines(bytes);
+  std::array<std::string, kMaxUnitsInGroup + 1> names;
+  std::array<double, kMaxUnitsInGroup + 1> factors{};
   int unit = 0;
   while (!lines.AtEnd() && unit < kMaxUnitsInGroup) {
     const std::string_view name = lines.Next();
     if (lines.AtEnd()) break;
     ++unit;
-    units.UnitNames[unit][group] = std::string(name);
-    units.UnitFactors[unit][group] = ToSingle(LenientNumber(lines.Next()));
+    names[static_cast<size_t>(unit)] = std::string(name);
+    factors[static_cast<size_t>(unit)] = LenientNumber(lines.Next());
+  }
+  const double scale =
+      group == kPressureGroup && IsKilopascalTable(names, factors, unit) ? kPascalsPerKilopascal : 1;
+  for (int u = 1; u <= unit; ++u) {
+    units.UnitNames[u][group] = std::move(names[static_cast<size_t>(u)]);
+    units.UnitFactors[u][group] = ToSingle(factors[static_cast<size_t>(u)] * scale);
   }
   units.UnitCount[group] = unit;
 }
