@@ -78,11 +78,13 @@ std::string AskSavePath(const Session& session, UserPrompts& prompts, const char
     FileDialogRequest request;
     request.title = "Save As";
     request.filter = std::string("*") + extension + "|*" + extension;
+    request.asks_overwrite = true;
     if (DirectoryExists(session.SoundingDirectory)) request.start_directory = session.SoundingDirectory;
     std::string path = prompts.SaveFile(request);
     if (path.empty()) return {};
-    if (FileExists(path) && prompts.Ask(overwrite, Buttons::kYesNo) != Answer::kYes) continue;
+    // The extension goes on first: the file to be replaced is the one with it.
     if (!EndsWithNoCase(path, extension)) path += extension;
+    if (FileExists(path) && prompts.Ask(overwrite, Buttons::kYesNo) != Answer::kYes) continue;
     return path;
   }
 }
