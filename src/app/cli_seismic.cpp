@@ -445,8 +445,7 @@ void Apply(SeismicController& c, SeismicCliPrompts& prompts, const Operation& op
     if (sample < 1 || sample > count) throw UsageError(name + " takes a sample 1.." + std::to_string(count));
     workbench(op.parts[0]);
     if (check_only) return;
-    c.ChooseArrivalStrike(kind);
-    c.Click(sample, name == "--snap", false);
+    c.PickOnStrike(kind, sample, name == "--snap");
   } else if (name == "--arrival") {
     const int test = workbench(op.parts[0]);
     // Whether a pick stands depends on the operations before this one.
