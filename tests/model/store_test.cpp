@@ -174,7 +174,14 @@ TEST(UnitTables, TheInstalledPressureTableIsInPascalsPerUnit) {
     const int unit = static_cast<int>(i) + 1;
     EXPECT_EQ(units.Name(unit, kPressureGroup), rows[i].first);
     EXPECT_NEAR(units.Factor(unit, kPressureGroup), rows[i].second, rows[i].second * 1e-7) << rows[i].first;
+    // Conversions divide the single-precision kilopascal factors of earlier tables, bit for bit,
+    // so that an export keeps every digit it had.
+    EXPECT_EQ(units.ConversionFactor(unit, kPressureGroup), static_cast<float>(rows[i].second / 1000))
+        << rows[i].first;
   }
+  EXPECT_EQ(units.ConversionFactor(kPsiUnit, kPressureGroup), 6.8947573f);
+  EXPECT_EQ(units.ConversionFactor(kTsfUnit, kPressureGroup), 95.760518f);
+  EXPECT_EQ(units.ConversionFactor(4, kLengthGroup), units.Factor(4, kLengthGroup));
 }
 
 TEST(UnitTables, AnOldKilopascalPressureTableIsReadInPascals) {
@@ -207,6 +214,7 @@ TEST(UnitTables, AnOldKilopascalPressureTableIsReadInPascals) {
   ASSERT_EQ(from_old.UnitCount[kPressureGroup], installed.UnitCount[kPressureGroup]);
   for (int unit = 1; unit <= installed.UnitCount[kPressureGroup]; ++unit) {
     EXPECT_FLOAT_EQ(from_old.Factor(unit, kPressureGroup), installed.Factor(unit, kPressureGroup)) << unit;
+    EXPECT_EQ(from_old.ConversionFactor(unit, kPressureGroup), installed.ConversionFactor(unit, kPressureGroup)) << unit;
   }
 }
 

@@ -15,20 +15,26 @@ namespace {
 
 constexpr double kPascalsPerKilopascal = 1000.0;
 
+// A unit's factor as the table gives it, in pascals per unit for pressures.
+void SetFactor(UnitTables& units, int unit, int group, double factor) {
+  units.UnitFactors[unit][group] = ToSingle(factor);
+  if (group == kPressureGroup) units.KilopascalFactors[unit] = ToSingle(factor / kPascalsPerKilopascal);
+}
+
 void SetGroup(UnitTables& units, int group, const char* name,
-              std::initializer_list<std::pair<const char*, float>> list, int count) {
+              std::initializer_list<std::pair<const char*, double>> list, int count) {
   units.UnitGroupName[group] = name;
   int unit = 0;
   for (const auto& [unit_name, factor] : list) {
     ++unit;
     units.UnitNames[unit][group] = unit_name;
-    units.UnitFactors[unit][group] = factor;
+    SetFactor(units, unit, group, factor);
   }
   units.UnitCount[group] = count;
 }
 
 void SetGroup(UnitTables& units, int group, const char* name,
-              std::initializer_list<std::pair<const char*, float>> list) {
+              std::initializer_list<std::pair<const char*, double>> list) {
   SetGroup(units, group, name, list, static_cast<int>(list.size()));
 }
 
@@ -39,29 +45,29 @@ void SetBuiltInFileGroup(UnitTables& units, int group) {
   switch (group) {
     case kForceGroup:
       SetGroup(units, group, "FORCE",
-               {{"N", 1}, {"kN", 1000}, {"lbf", 4.4482216f}, {"kip", 4448.2216f}, {"kgf", 9.80665f},
-                {"tonf", 8896.4432f}});
+               {{"N", 1}, {"kN", 1000}, {"lbf", 4.4482216}, {"kip", 4448.2216}, {"kgf", 9.80665},
+                {"tonf", 8896.4432}});
       break;
     case kPressureGroup:
       SetGroup(units, group, "PRESS",
-               {{"Pa", 1}, {"kPa", 1000}, {"bar", 100000}, {"mbar", 100}, {"kg/cm^2", 98066.5f},
-                {"kgf/cm^2", 98066.5f}, {"t/m^2", 9806.65f}, {"ksf", 47880.259f}, {"psf", 47.880259f},
-                {"atm", 101325}, {"tsf", 95760.518f}, {"ksi", 6894757.3f}, {"kN/m^2", 1000},
-                {"psi", 6894.7573f}, {"MPa", 1000000}});
+               {{"Pa", 1}, {"kPa", 1000}, {"bar", 100000}, {"mbar", 100}, {"kg/cm^2", 98066.5},
+                {"kgf/cm^2", 98066.5}, {"t/m^2", 9806.65}, {"ksf", 47880.259}, {"psf", 47.880259},
+                {"atm", 101325}, {"tsf", 95760.518}, {"ksi", 6894757.3}, {"kN/m^2", 1000},
+                {"psi", 6894.7573}, {"MPa", 1000000}});
       break;
     case kLengthGroup:
       SetGroup(units, group, "STRAIN",
-               {{"m", 1}, {"mm", 0.001f}, {"cm", 0.01f}, {"ft", 0.3048f}, {"in", 0.0254f}});
+               {{"m", 1}, {"mm", 0.001}, {"cm", 0.01}, {"ft", 0.3048}, {"in", 0.0254}});
       break;
     case kAreaGroup:
       SetGroup(units, group, "AREA",
-               {{"m^2", 1}, {"cm^2", 0.0001f}, {"mm^2", 0.000001f}, {"in^2", 0.00064516f},
-                {"ft^2", 0.09290304f}});
+               {{"m^2", 1}, {"cm^2", 0.0001}, {"mm^2", 0.000001}, {"in^2", 0.00064516},
+                {"ft^2", 0.09290304}});
       break;
     case kVolumeGroup:
       SetGroup(units, group, "VOLUME",
-               {{"m^3", 1}, {"cm^3", 0.000001f}, {"L", 0.001f}, {"in^3", 0.000016387064f},
-                {"ft^3", 0.028316847f}});
+               {{"m^3", 1}, {"cm^3", 0.000001}, {"L", 0.001}, {"in^3", 0.000016387064},
+                {"ft^3", 0.028316847}});
       break;
   }
 }
@@ -90,6 +96,12 @@ float UnitTables::Factor(int unit, int group) const {
   return UnitFactors[unit][group];
 }
 
+float UnitTables::ConversionFactor(int unit, int group) const {
+  if (group != kPressureGroup) return Factor(unit, group);
+  if (unit < 0 || unit > kMaxUnitsInGroup) Fail(kErrSubscript);
+  return KilopascalFactors[static_cast<size_t>(unit)];
+}
+
 void ReadUnitFile(UnitTables& units, int group, std::string_view bytes) {
   LineCursor lines(bytes);
   std::array<std::string, kMaxUnitsInGroup + 1> names;
@@ -106,7 +118,7 @@ void ReadUnitFile(UnitTables& units, int group, std::string_view bytes) {
       group == kPressureGroup && IsKilopascalTable(names, factors, unit) ? kPascalsPerKilopascal : 1;
   for (int u = 1; u <= unit; ++u) {
     units.UnitNames[u][group] = std::move(names[static_cast<size_t>(u)]);
-    units.UnitFactors[u][group] = ToSingle(factors[static_cast<size_t>(u)] * scale);
+    SetFactor(units, u, group, factors[static_cast<size_t>(u)] * scale);
   }
   units.UnitCount[group] = unit;
 }
@@ -124,6 +136,7 @@ void SetupTYRChannels(UnitTables& units, const std::string& data_directory, floa
       for (int unit = 1; unit <= kMaxUnitsInGroup; ++unit) {
         units.UnitNames[unit][group].clear();
         units.UnitFactors[unit][group] = 0;
+        if (group == kPressureGroup) units.KilopascalFactors[unit] = 0;
       }
       ReadUnitFile(units, group, *bytes);
     }
@@ -143,8 +156,8 @@ void SetupTYRChannels(UnitTables& units, const std::string& data_directory, floa
   SetGroup(units, kSptGroup, "SPT CORRELATION", {{"blows/ft", 1}, {"blows/m", feet_per_metre}});
   SetGroup(units, kSbt83Group, "SOIL BEHAVIOR TYPE", {{"RC 1983", 1}});
   SetGroup(units, kDensityGroup, "DENSITY",
-           {{"kgf/m^3", 1}, {"kg/m^3", 1}, {"kgf/m3", 1}, {"kg/m3", 1}, {"lb/ft^3", 16.0185f},
-            {"lb/ft3", 16.0185f}, {"pcf", 16.0185f}, {"PCF", 16.0185f}});
+           {{"kgf/m^3", 1}, {"kg/m^3", 1}, {"kgf/m3", 1}, {"kg/m3", 1}, {"lb/ft^3", 16.0185},
+            {"lb/ft3", 16.0185}, {"pcf", 16.0185}, {"PCF", 16.0185}});
   SetGroup(units, kSpeedGroup, "SPEED", {{"cm/sec", 1}, {"cm/s", 1}});
   SetGroup(units, kSbt90Group, "SOIL BEHAVIOR TYPE", {{"Rob. 1990", 1}});
   // The 1986 chart's unit has no factor: that group is never converted.
