@@ -460,8 +460,7 @@ void Apply(Session& session, SeismicController& c, SeismicCliPrompts& prompts, c
     if (sample < 1 || sample > count) throw UsageError(name + " takes a sample 1.." + std::to_string(count));
     workbench(op.parts[0]);
     if (check_only) return;
-    c.ChooseArrivalStrike(kind);
-    c.Click(sample, name == "--snap", false);
+    c.PickOnStrike(kind, sample, name == "--snap");
   } else if (name == "--arrival") {
     const int test = workbench(op.parts[0]);
     // Whether a pick stands depends on the operations before this one.

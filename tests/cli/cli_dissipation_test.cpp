@@ -31,6 +31,8 @@ TEST_F(CliDissipationTest, InformationOfEachKind) {
   ASSERT_EQ(info["tests"].size(), 2u);
   EXPECT_EQ(info["tests"][1]["depth"].get<double>(), 12.8);
   EXPECT_EQ(info["tests"][1]["rowCount"], 228);
+  EXPECT_NEAR(info["pressurePerMetreHead"].get<double>(), 9.806, 1e-6);
+  EXPECT_NEAR(info["tests"][0]["hydrostaticPressure"].get<double>(), (6.5 - 2.4) * 9.806, 1e-3);
   EXPECT_NEAR(info["tests"][1]["hydrostaticPressure"].get<double>(), (12.8 - 2.4) * 9.806, 1e-3);
 
   const CliRun fldacq = Run({"dissipation", Sample("FLDACQ-C02-001")});
@@ -39,6 +41,18 @@ TEST_F(CliDissipationTest, InformationOfEachKind) {
   EXPECT_EQ(acq["fileKind"], 2);
   EXPECT_EQ(acq["pressureUnit"], "(PSI)");
   EXPECT_EQ(acq["tests"][0]["hydrostaticPressure"].get<double>(), 0);
+}
+
+// A data directory of an earlier version holds the pressure table in kilopascals per unit; the
+// heads stay those of a metre of water.
+TEST_F(CliDissipationTest, AnOldKilopascalUnitTableGivesTheSameHeads) {
+  settings_.Write("PressureUnits.txt", "Pa\r\n0.001\r\nkPa\r\n1\r\nbar\r\n100\r\n");
+  const CliRun run = Run({"--water-table", "2.4", "dissipation", Sample("DIS-A01.DIS")});
+  ASSERT_EQ(run.status, 0) << run.err;
+  const auto info = nlohmann::json::parse(run.out);
+  EXPECT_EQ(info["pressureUnit"], "(kPa)");
+  EXPECT_NEAR(info["pressurePerMetreHead"].get<double>(), 9.806, 1e-6);
+  EXPECT_NEAR(info["tests"][1]["hydrostaticPressure"].get<double>(), (12.8 - 2.4) * 9.806, 1e-3);
 }
 
 TEST_F(CliDissipationTest, T50ForGivenU0AndU100) {

@@ -71,6 +71,70 @@ TEST_F(CliSeismicTest, WavesOfAStrikeAfterFilteringAndEnhancing) {
   EXPECT_EQ(std::count(run.out.begin(), run.out.end(), '\n'), 1 + 3 * 2 * 20);
 }
 
+TEST_F(CliSeismicTest, AnExistingDelayOrVelocityFileIsReplacedOnlyOnYes) {
+  const std::string file = SmallSei();
+  files_.Write("log.dly", "old delays");
+  files_.Write("log.vss", "old velocities");
+  settings_.Write("Hammer Distance.txt", "1\r\n0\r\n");
+  // Without --yes the questions are answered No and nothing is written.
+  CliRun run = Run({"seismic", file, "--dly", files_.File("log"), "--vss", files_.File("log.vss"), "--velocities"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "? File exits.  Overwrite? -> No\n"
+                     "? Not all velocities have been determined. Continue? -> No\n");
+  EXPECT_EQ(ReadWholeFile(files_.File("log.dly")), "old delays");
+  run = Run({"--yes", "seismic", file, "--dly", files_.File("log"), "--vss", files_.File("log.vss"), "--velocities"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "? File exits.  Overwrite? -> Yes\n"
+                     "? Not all velocities have been determined. Continue? -> Yes\n"
+                     "? File exists.  Overwrite? -> Yes\n");
+  EXPECT_TRUE(ReadWholeFile(files_.File("log.dly")).starts_with("step\r\nSeismic Arrival\r\n"));
+  EXPECT_TRUE(ReadWholeFile(files_.File("log.vss")).starts_with("step\r\nSeismic Velocity\r\n"));
+}
+
+TEST_F(CliSeismicTest, RemovingTheStrikesOfEachKind) {
+  std::vector<test::SeiRecord> records = {test::SeiTest("002.00 m", "A(SGEO1)B(SGEO2)Z(PGEO)", 20),
+                                          test::SeiTest("003.00 m", "A(SGEO1)Z(PGEO)", 20),
+                                          test::SeiTest("004.00 m", "Z(PGEO)", 20)};
+  const std::string file = Write("APZ.SEI", test::SeiFile(records));
+  CliRun run = Run({"seismic", file, "--remove-strikes", "P"});
+  ASSERT_EQ(run.status, 0) << run.err;
+  nlohmann::json j = nlohmann::json::parse(run.out);
+  // The test left without a strike goes, as the menu entry drops it.
+  ASSERT_EQ(j["testCount"], 2);
+  EXPECT_FALSE(j["tests"][0]["strikes"].contains("P"));
+  EXPECT_TRUE(j["tests"][0]["strikes"].contains("B"));
+  EXPECT_FALSE(j["tests"][1]["strikes"].contains("P"));
+  run = Run({"seismic", file, "--remove-strikes", "B", "--remove-strikes", "A"});
+  ASSERT_EQ(run.status, 0) << run.err;
+  j = nlohmann::json::parse(run.out);
+  ASSERT_EQ(j["testCount"], 3);
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(j["tests"][i]["strikes"].size(), 1u) << i;
+  // A kind no test has is refused, as its menu entry is disabled.
+  run = Run({"seismic", file, "--remove-strikes", "P", "--remove-strikes", "P"});
+  EXPECT_EQ(run.status, 2);
+}
+
+// Neighbouring tests that share a delay are told once per operation, each a box in the window.
+TEST_F(CliSeismicTest, EqualDelaysAreToldOncePerOperation) {
+  std::vector<test::SeiRecord> records;
+  for (int i = 0; i < 3; ++i) {
+    test::SeiRecord r = test::SeiTest("00" + std::to_string(2 + i) + ".00 m", "A(SGEO1)B(SGEO2)", 20);
+    r.arrival = "   10A";
+    records.push_back(r);
+  }
+  const std::string file = Write("SAME.SEI", test::SeiFile(records));
+  settings_.Write("Hammer Distance.txt", "1\r\n0\r\n");
+  const std::string pair21 = "! STRIKES 2 AND 1 HAVE THE SAME DELAY TIME. CANNOT CALCULATE VELOCITY\n";
+  const std::string pair32 = "! STRIKES 3 AND 2 HAVE THE SAME DELAY TIME. CANNOT CALCULATE VELOCITY\n";
+  const CliRun run = Run({"seismic", file, "--hammer-distance", "1.5", "--arrival", "3:left", "--reset", "3",
+                          "--pick", "2:B:10", "--arrival", "2:right", "--velocities"});
+  ASSERT_EQ(run.status, 0) << run.err;
+  // The load and --hammer-distance tell both pairs; --arrival 3:left sets 3 apart and --reset 3
+  // clears it, leaving the pair 2-1; --pick 2:B:10 lands at the same time on the B strike;
+  // --arrival 2:right leaves no pair.
+  EXPECT_EQ(run.err, pair21 + pair32 + pair21 + pair32 + pair21 + pair21 + pair21);
+}
+
 TEST_F(CliSeismicTest, LoadingDialogsAreAnsweredFromOptions) {
   std::vector<test::SeiRecord> records = {test::SeiTest("002.00 m", "A(SGEO1)B(SGEO2)", 20),
                                           test::SeiTest("003.00 m", "A(SGEO1)B(SGEO2)", 20),

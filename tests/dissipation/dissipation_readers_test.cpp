@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "core/dissipation/dissipation_controller.h"
+#include "core/model/unit_tables.h"
+#include "core/session/session.h"
 #include "core/shell/shell_controller.h"
 #include "dissipation_files.h"
 #include "support/test_support.h"
@@ -100,6 +102,51 @@ TEST_F(DissipationOpenTest, TheUnitLineIsReadOnceAndAnUnknownUnitLeavesNoHead) {
   t.session->Dissipation().WaterTableDepth = 1;
   ComputeHeadPercent(t.session->Dissipation(), 1);
   EXPECT_FLOAT_EQ(Set().PercentHead(1, 1), 0);
+}
+
+// A metre of water is 9806 Pa: the head per metre is 9806 over the unit's pascals.
+TEST_F(DissipationOpenTest, TheHeadOfAMetreOfWaterInEachUnitAFileCanName) {
+  struct Case {
+    const char* unit;
+    int row;
+    double per_metre;
+  };
+  const Case cases[] = {
+      {"Pa", 1, 9806.0},         // 9806 / 1
+      {"kPa", 2, 9.806},         // 9806 / 1000
+      {"bar", 3, 0.09806},       // 9806 / 100000
+      {"atm", 10, 0.0967777},    // 9806 / 101325
+      {"tsf", 11, 0.1024013},    // 9806 / 95760.518
+      {"kN/m^2", 13, 9.806},     // 9806 / 1000
+      {"psi", 14, 1.4222401},    // 9806 / 6894.7573
+      {"MPa", 15, 0.009806},     // 9806 / 1000000
+  };
+  for (const Case& c : cases) {
+    ASSERT_TRUE(Open("UNIT.DIS", Join(test::FieldboxLines({kShallow}, c.unit)))) << c.unit;
+    EXPECT_EQ(Set().PressureUnitIndex, c.row) << c.unit;
+    EXPECT_NEAR(Set().PressurePerMetreHead, c.per_metre, c.per_metre * 1e-6) << c.unit;
+  }
+  // A data directory that still holds the kilopascal table of earlier versions gives the same heads.
+  t.data.Write("PressureUnits.txt", "Pa\r\n0.001\r\nkPa\r\n1\r\nbar\r\n100\r\nMPa\r\n1000\r\n");
+  SetupTYRChannels(t.session->units, t.data.Path(), t.session->FeetPerMetre);
+  ASSERT_TRUE(Open("OLD.DIS", Join(test::FieldboxLines({kShallow}, "kPa"))));
+  EXPECT_FLOAT_EQ(Set().PressurePerMetreHead, 9.806f);
+  ASSERT_TRUE(Open("OLD.DIS", Join(test::FieldboxLines({kShallow}, "MPa"))));
+  EXPECT_FLOAT_EQ(Set().PressurePerMetreHead, 0.009806f);
+}
+
+TEST_F(DissipationOpenTest, HydrostaticPressureAndPercentOfHeadOfTheDemoFile) {
+  ASSERT_TRUE(OpenPath(test::SamplesDirectory() + "/DIS-A01.DIS"));
+  t.session->Dissipation().WaterTableDepth = 2.4f;
+  shell.Dissipations().WaterTableChanged();
+  const DissipationSet& s = Set();
+  // Test 1 at 6.5 m: 4.1 m of water is 4.1 x 9.806 = 40.2046 kPa; the first row, 411.34083 kPa, is
+  // (411.34083 - 40.2046) / 40.2046 x 100 = 923.119 % of the head.
+  EXPECT_NEAR(s.HydrostaticPressure[1], 40.2046, 1e-3);
+  EXPECT_NEAR(s.PercentHead(1, 1), 923.119, 1e-2);
+  // Test 2 at 12.8 m: 10.4 x 9.806 = 101.9824 kPa; 635.80188 kPa is 523.443 % of it.
+  EXPECT_NEAR(s.HydrostaticPressure[2], 101.9824, 1e-3);
+  EXPECT_NEAR(s.PercentHead(2, 1), 523.443, 1e-2);
 }
 
 TEST_F(DissipationOpenTest, PxDasFileConvertsItsRawColumn) {

@@ -1,6 +1,10 @@
 // The store's bounds and reset, the slots, the unit tables and the per-id choices.
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "core/model/catalogue.h"
 #include "core/model/sounding_slots.h"
 #include "core/model/unit_tables.h"
@@ -153,6 +157,64 @@ TEST(UnitTables, MissingUnitFilesGiveTheInstalledTables) {
       EXPECT_EQ(built_in.Name(unit, group), installed.Name(unit, group));
       EXPECT_FLOAT_EQ(built_in.Factor(unit, group), installed.Factor(unit, group));
     }
+  }
+}
+
+// Pressure factors are pascals per unit, so that a lone factor (the head of a metre of water in a
+// dissipation file's unit) is right, and a ratio of two converts as before.
+TEST(UnitTables, TheInstalledPressureTableIsInPascalsPerUnit) {
+  UnitTables units;
+  SetupTYRChannels(units, test::DefaultsDirectory(), kFeetPerMetre);
+  const std::vector<std::pair<const char*, double>> rows = {
+      {"Pa", 1},          {"kPa", 1000},       {"bar", 100000},    {"mbar", 100},     {"kg/cm^2", 98066.5},
+      {"kgf/cm^2", 98066.5}, {"t/m^2", 9806.65}, {"ksf", 47880.259}, {"psf", 47.880259}, {"atm", 101325},
+      {"tsf", 95760.518}, {"ksi", 6894757.3}, {"kN/m^2", 1000},   {"psi", 6894.7573}, {"MPa", 1000000}};
+  ASSERT_EQ(units.UnitCount[kPressureGroup], static_cast<int>(rows.size()));
+  for (size_t i = 0; i < rows.size(); ++i) {
+    const int unit = static_cast<int>(i) + 1;
+    EXPECT_EQ(units.Name(unit, kPressureGroup), rows[i].first);
+    EXPECT_NEAR(units.Factor(unit, kPressureGroup), rows[i].second, rows[i].second * 1e-7) << rows[i].first;
+    // Conversions divide the single-precision kilopascal factors of earlier tables, bit for bit,
+    // so that an export keeps every digit it had.
+    EXPECT_EQ(units.ConversionFactor(unit, kPressureGroup), static_cast<float>(rows[i].second / 1000))
+        << rows[i].first;
+  }
+  EXPECT_EQ(units.ConversionFactor(kPsiUnit, kPressureGroup), 6.8947573f);
+  EXPECT_EQ(units.ConversionFactor(kTsfUnit, kPressureGroup), 95.760518f);
+  EXPECT_EQ(units.ConversionFactor(4, kLengthGroup), units.Factor(4, kLengthGroup));
+}
+
+TEST(UnitTables, AnOldKilopascalPressureTableIsReadInPascals) {
+  const std::string old_table =
+      "Pa\r\n0.001\r\nkPa\r\n1\r\nbar\r\n100\r\ntsf\r\n95.760518\r\npsi\r\n6.8947573\r\nMPa\r\n1000\r\n";
+  UnitTables units;
+  ReadUnitFile(units, kPressureGroup, old_table);
+  ASSERT_EQ(units.UnitCount[kPressureGroup], 6);
+  EXPECT_FLOAT_EQ(units.Factor(1, kPressureGroup), 1);
+  EXPECT_FLOAT_EQ(units.Factor(2, kPressureGroup), 1000);
+  EXPECT_FLOAT_EQ(units.Factor(3, kPressureGroup), 100000);
+  EXPECT_FLOAT_EQ(units.Factor(4, kPressureGroup), 95760.518f);
+  EXPECT_FLOAT_EQ(units.Factor(5, kPressureGroup), 6894.7573f);
+  EXPECT_FLOAT_EQ(units.Factor(6, kPressureGroup), 1000000);
+  // A table already in pascals, and the other groups, are taken as written.
+  ReadUnitFile(units, kPressureGroup, "Pa\r\n1\r\nkPa\r\n1000\r\npsi\r\n6894.757\r\n");
+  EXPECT_FLOAT_EQ(units.Factor(2, kPressureGroup), 1000);
+  EXPECT_FLOAT_EQ(units.Factor(3, kPressureGroup), 6894.757f);
+  ReadUnitFile(units, kForceGroup, "N\r\n1\r\nkPa\r\n1\r\n");
+  EXPECT_FLOAT_EQ(units.Factor(2, kForceGroup), 1);
+  // An old table in a data directory gives the same factors as the installed one.
+  test::TempDirectory data;
+  data.Write("PressureUnits.txt",
+             "Pa\r\n0.001\r\nkPa\r\n1\r\nbar\r\n100\r\nmbar\r\n0.1\r\nkg/cm^2\r\n98.0665\r\nkgf/cm^2\r\n"
+             "98.0665\r\nt/m^2\r\n9.80665\r\nksf\r\n47.880259\r\npsf\r\n0.047880259\r\natm\r\n101.325\r\n"
+             "tsf\r\n95.760518\r\nksi\r\n6894.7573\r\nkN/m^2\r\n1\r\npsi\r\n6.8947573\r\nMPa\r\n1000\r\n");
+  UnitTables from_old, installed;
+  SetupTYRChannels(from_old, data.Path(), kFeetPerMetre);
+  SetupTYRChannels(installed, test::DefaultsDirectory(), kFeetPerMetre);
+  ASSERT_EQ(from_old.UnitCount[kPressureGroup], installed.UnitCount[kPressureGroup]);
+  for (int unit = 1; unit <= installed.UnitCount[kPressureGroup]; ++unit) {
+    EXPECT_FLOAT_EQ(from_old.Factor(unit, kPressureGroup), installed.Factor(unit, kPressureGroup)) << unit;
+    EXPECT_EQ(from_old.ConversionFactor(unit, kPressureGroup), installed.ConversionFactor(unit, kPressureGroup)) << unit;
   }
 }
 

@@ -236,5 +236,39 @@ TEST(Exports, DelayAndVelocityFilesWithTheirQuestions) {
                                                           "? Not all velocities have been determined. Continue? -> No"}));
 }
 
+// A name typed without its extension names the file with it: that file is the one replaced, so
+// the question is asked of it.
+TEST(Exports, AnExistingFileIsOverwrittenOnlyWhenTheUserSaysYes) {
+  TestSession t;
+  TempDirectory out;
+  SeismicStore& s = Store();
+  FillTests(s, {1.5f, 3});
+  Pick(s, 1, kStrikeA, 9.25f);
+  Pick(s, 2, kStrikeA, 16.5f);
+  CalculateVelocities(s, t.prompts, 0);
+  out.Write("log.dly", "old delays");
+  out.Write("log.vss", "old velocities");
+  t.prompts.Script({out.File("log"), "No", ""});
+  EXPECT_FALSE(GenDelay(*t.session, s, t.prompts));
+  EXPECT_EQ(ReadWholeFile(out.File("log.dly")), "old delays");
+  // The first test never has a velocity, so the velocities always ask to go on.
+  t.prompts.Script({"Yes", out.File("log"), "No", ""});
+  EXPECT_FALSE(GenVelocity(*t.session, s, t.prompts));
+  EXPECT_EQ(ReadWholeFile(out.File("log.vss")), "old velocities");
+  EXPECT_EQ(t.prompts.Texts(), (std::vector<std::string>{"? File exits.  Overwrite? -> No",
+                                                          "? Not all velocities have been determined. Continue? -> Yes",
+                                                          "? File exists.  Overwrite? -> No"}));
+  t.prompts.ClearLog();
+  t.prompts.Script({out.File("log"), "Yes", "Yes", out.File("LOG.VSS"), "Yes"});
+  out.Write("LOG.VSS", "old velocities");
+  EXPECT_TRUE(GenDelay(*t.session, s, t.prompts));
+  EXPECT_TRUE(GenVelocity(*t.session, s, t.prompts));
+  EXPECT_EQ(ReadWholeFile(out.File("log.dly")), DelayFileText(s));
+  EXPECT_EQ(ReadWholeFile(out.File("LOG.VSS")), VelocityFileText(s));
+  EXPECT_EQ(t.prompts.Texts(), (std::vector<std::string>{"? File exits.  Overwrite? -> Yes",
+                                                          "? Not all velocities have been determined. Continue? -> Yes",
+                                                          "? File exists.  Overwrite? -> Yes"}));
+}
+
 }  // namespace
 }  // namespace marlview::test

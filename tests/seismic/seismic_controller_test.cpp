@@ -1,6 +1,7 @@
 // The log window's and the workbench's logic on a loaded sounding, and their drawings.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <deque>
 
 #include "core/common/file_access.h"
@@ -172,6 +173,48 @@ TEST_F(SeismicWindows, LoadingChecksAskTheirDialogs) {
   EXPECT_EQ(controller.Store().ArrivalKind[1], kStrikeB);
   EXPECT_EQ(controller.Store().ArrivalKind[3], kStrikeB);
   EXPECT_FLOAT_EQ(controller.Store().DelayTime[3], 1.4f);
+}
+
+// Every run of the velocities tells each pair of equal delays once, in a box the user must close:
+// each operation runs them once.
+TEST_F(SeismicWindows, EachOperationTellsEqualDelaysOnce) {
+  TempDirectory files;
+  std::vector<SeiRecord> records;
+  for (int i = 0; i < 4; ++i) {
+    SeiRecord r = SeiTest("00" + std::to_string(2 + i) + ".00 m", "A(SGEO1)B(SGEO2)", 30);
+    r.arrival = "   10A";
+    records.push_back(r);
+  }
+  records[3].arrival = "   10N";  // an arrival without its wave: frmArrivalError sets it
+  files.Write("same.SEI", SeiFile(records));
+  t.data.Write("Hammer Distance.txt", "1\r\n0\r\n");
+  ASSERT_EQ(OpenSeismicPath(*t.session, t.prompts, files.File("same.SEI")), SeismicOpenOutcome::kLoaded);
+  const auto told = [&] {
+    const auto texts = t.prompts.Texts();
+    const auto count = std::count_if(texts.begin(), texts.end(), [](const std::string& text) {
+      return text.find("HAVE THE SAME DELAY TIME") != std::string::npos;
+    });
+    t.prompts.ClearLog();
+    return count;
+  };
+  dialogs.arrival_kind = kStrikeA;
+  controller.Load();
+  // Four tests at 1.0 ms after the arrival is set: three equal pairs, told once each.
+  EXPECT_EQ(dialogs.asked, std::vector<std::string>{"frmArrivalError"});
+  EXPECT_EQ(told(), 3);
+  controller.OpenTest(2);
+  controller.ArrivalRight();  // 2 moves off 1 and 3: pair 4-3 stays
+  EXPECT_EQ(told(), 1);
+  controller.ArrivalLeft();  // back: three pairs again
+  EXPECT_EQ(told(), 3);
+  controller.ResetWave();  // 3 refers to 1 now: pairs 3-1 and 4-3
+  EXPECT_EQ(told(), 2);
+  controller.PickOnStrike(kStrikeB, 10, false);  // B at the same time: three pairs
+  EXPECT_EQ(told(), 3);
+  controller.ChooseArrivalStrike(kStrikeA);  // the option alone clears the pick: two pairs
+  EXPECT_EQ(told(), 2);
+  controller.Click(10, false, false);
+  EXPECT_EQ(told(), 3);
 }
 
 TEST_F(SeismicWindows, SwitchCloneRemoveAndTheirGuards) {

@@ -22,6 +22,8 @@ struct FileDialogRequest {
   int filter_index = 1;
   std::string start_directory;
   std::string default_name;
+  // The caller asks its own overwrite question after the dialog; the dialog must not ask one first.
+  bool asks_overwrite = false;
 };
 
 class UserPrompts {

@@ -41,9 +41,9 @@ class ChannelValues {
 
   // From a pressure unit to the unit of fixed table m.
   double ToMirrorUnit(int unit, int m) const {
-    const double to = units.Factor(kFixedPressureUnits[m], kPressureGroup);
+    const double to = units.ConversionFactor(kFixedPressureUnits[m], kPressureGroup);
     if (to == 0) Fail(kErrDivisionByZero);
-    return units.Factor(unit, kPressureGroup) / to;
+    return units.ConversionFactor(unit, kPressureGroup) / to;
   }
   // Pressures of the PX DAS family are kPa, of the QRD families psi.
   bool PsiFamily() const { return s.AcquisitionFamily != kPxDasFamily; }

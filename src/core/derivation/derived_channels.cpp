@@ -127,9 +127,9 @@ int Pipeline::Add(const Step& step) {
 void Pipeline::SetFactors(int c, int default_unit, int group) {
   s_.ChannelDefaultUnit[c] = static_cast<int16_t>(default_unit);
   for (int k = 0; k < kOutputKinds; ++k) {
-    const double display = session_.units.Factor(s_.ChannelDisplayUnit[c][k], group);
+    const double display = session_.units.ConversionFactor(s_.ChannelDisplayUnit[c][k], group);
     if (display == 0) Fail(kErrDivisionByZero);
-    s_.ChannelUnitFactor[c][k] = ToSingle(session_.units.Factor(default_unit, group) / display);
+    s_.ChannelUnitFactor[c][k] = ToSingle(session_.units.ConversionFactor(default_unit, group) / display);
   }
 }
 

@@ -15,9 +15,8 @@
 namespace marlview {
 namespace {
 
-// A metre of water in pascals; the pressure unit file gives kilopascals per unit.
+// A metre of water in pascals; the pressure unit table gives pascals per unit.
 constexpr double kPascalsPerMetreHead = 9806.0;
-constexpr double kPascalsPerKilopascal = 1000.0;
 constexpr double kFeetPerMetreInFiles = 3.281;
 // PX DAS conversion factors are given per 0.102 m of water (one kilopascal of head).
 constexpr double kPxHeadFactor = 0.102;
@@ -224,7 +223,7 @@ void ReadPressureUnit(std::string_view line, const UnitTables& units, Dissipatio
   set.PressureUnitIndex = static_cast<int16_t>(found);
   const double factor = units.Factor(found, kPressureGroup);
   if (factor == 0) Fail(kErrDivisionByZero);
-  set.PressurePerMetreHead = static_cast<float>(kPascalsPerMetreHead / (factor * kPascalsPerKilopascal));
+  set.PressurePerMetreHead = static_cast<float>(kPascalsPerMetreHead / factor);
 }
 
 }  // namespace

@@ -296,14 +296,14 @@ void CptReader::IdentifyChannel(int c) {
       s_.ChannelUnitFactor[c][k] = 1;
       continue;
     }
-    const double display = units.Factor(s_.ChannelDisplayUnit[c][k], rule->group);
+    const double display = units.ConversionFactor(s_.ChannelDisplayUnit[c][k], rule->group);
     if (display == 0) Fail(kErrDivisionByZero);
-    s_.ChannelUnitFactor[c][k] = ToSingle(units.Factor(default_unit, rule->group) / display);
+    s_.ChannelUnitFactor[c][k] = ToSingle(units.ConversionFactor(default_unit, rule->group) / display);
   }
   if (rule->group == kPressureGroup) {
-    const double kpa = units.Factor(kKpaUnit, kPressureGroup);
+    const double kpa = units.ConversionFactor(kKpaUnit, kPressureGroup);
     if (kpa == 0) Fail(kErrDivisionByZero);
-    s_.ChannelPascalFactor[c] = ToSingle(units.Factor(default_unit, kPressureGroup) / kpa * 1000);
+    s_.ChannelPascalFactor[c] = ToSingle(units.ConversionFactor(default_unit, kPressureGroup) / kpa * 1000);
   }
 }
 

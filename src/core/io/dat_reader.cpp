@@ -392,8 +392,8 @@ void DatReader::IdentifyChannel(int c) {
       s_.ChannelUnitFactor[c][k] = 1;
       continue;
     }
-    const double to_display = session_.units.Factor(s_.ChannelDefaultUnit[c], rule.group);
-    const double display = session_.units.Factor(s_.ChannelDisplayUnit[c][k], rule.group);
+    const double to_display = session_.units.ConversionFactor(s_.ChannelDefaultUnit[c], rule.group);
+    const double display = session_.units.ConversionFactor(s_.ChannelDisplayUnit[c][k], rule.group);
     if (display == 0) Fail(kErrDivisionByZero);
     s_.ChannelUnitFactor[c][k] = ToSingle(to_display / display);
   }

@@ -225,9 +225,9 @@ void DatWriter::ChannelTable() {
   NumberRow("Conv Factor   ", [this](int c) {
     if (ContainsNoCase(s_.ChannelName[c], "temperature")) return 1.0f;
     const int group = s_.ChannelUnitGroup[c];
-    const float display = units_->Factor(s_.ChannelDisplayUnit[c][kGraphOutput], group);
+    const float display = units_->ConversionFactor(s_.ChannelDisplayUnit[c][kGraphOutput], group);
     if (display == 0) Fail(kErrDivisionByZero);
-    return units_->Factor(s_.ChannelDefaultUnit[c], group) / display;
+    return units_->ConversionFactor(s_.ChannelDefaultUnit[c], group) / display;
   });
 }
 

@@ -136,9 +136,9 @@ ChannelConversion PrepareConversion(const SoundingStore& s, const UnitTables& un
     p.factor[k] = s.ChannelUnitFactor[c][k];
     p.fahrenheit[k] = s.TemperatureInFahrenheit[k];
   }
-  const double default_factor = units.Factor(s.ChannelDefaultUnit[c], kPressureGroup);
+  const double default_factor = units.ConversionFactor(s.ChannelDefaultUnit[c], kPressureGroup);
   for (int i = 0; i < kFixedPressureTables; ++i) {
-    p.to_fixed[i] = Divide(default_factor, units.Factor(kFixedPressureUnits[i], kPressureGroup));
+    p.to_fixed[i] = Divide(default_factor, units.ConversionFactor(kFixedPressureUnits[i], kPressureGroup));
   }
   return p;
 }
@@ -311,9 +311,9 @@ CptConversion PrepareCptConversion(const SoundingStore& s, const UnitTables& uni
   }
   p.to_fixed.fill(1);
   if (s.ChannelUnitGroup[c] == kPressureGroup) {
-    const double file_unit = units.Factor(s.ChannelDefaultUnit[c], kPressureGroup);
+    const double file_unit = units.ConversionFactor(s.ChannelDefaultUnit[c], kPressureGroup);
     for (int i = 0; i < kFixedPressureTables; ++i) {
-      p.to_fixed[i] = Divide(file_unit, units.Factor(kFixedPressureUnits[i], kPressureGroup));
+      p.to_fixed[i] = Divide(file_unit, units.ConversionFactor(kFixedPressureUnits[i], kPressureGroup));
     }
   }
   return p;

@@ -13,54 +13,75 @@
 namespace marlview {
 namespace {
 
+constexpr double kPascalsPerKilopascal = 1000.0;
+
+// A unit's factor as the table gives it, in pascals per unit for pressures.
+void SetFactor(UnitTables& units, int unit, int group, double factor) {
+  units.UnitFactors[unit][group] = ToSingle(factor);
+  if (group == kPressureGroup) units.KilopascalFactors[unit] = ToSingle(factor / kPascalsPerKilopascal);
+}
+
 void SetGroup(UnitTables& units, int group, const char* name,
-              std::initializer_list<std::pair<const char*, float>> list, int count) {
+              std::initializer_list<std::pair<const char*, double>> list, int count) {
   units.UnitGroupName[group] = name;
   int unit = 0;
   for (const auto& [unit_name, factor] : list) {
     ++unit;
     units.UnitNames[unit][group] = unit_name;
-    units.UnitFactors[unit][group] = factor;
+    SetFactor(units, unit, group, factor);
   }
   units.UnitCount[group] = count;
 }
 
 void SetGroup(UnitTables& units, int group, const char* name,
-              std::initializer_list<std::pair<const char*, float>> list) {
+              std::initializer_list<std::pair<const char*, double>> list) {
   SetGroup(units, group, name, list, static_cast<int>(list.size()));
 }
 
 // The units of the five unit files as installed; a data directory without one of the files uses
-// these. Pressure rows 2, 11, 14 and 15 are kPa, tsf, psi and MPa, which the program relies on.
+// these. Pressure rows 2, 11, 14 and 15 are kPa, tsf, psi and MPa, which the program relies on;
+// pressure factors are pascals per unit, so a lone factor (a metre of water is 9806 Pa) reads true.
 void SetBuiltInFileGroup(UnitTables& units, int group) {
   switch (group) {
     case kForceGroup:
       SetGroup(units, group, "FORCE",
-               {{"N", 1}, {"kN", 1000}, {"lbf", 4.4482216f}, {"kip", 4448.2216f}, {"kgf", 9.80665f},
-                {"tonf", 8896.4432f}});
+               {{"N", 1}, {"kN", 1000}, {"lbf", 4.4482216}, {"kip", 4448.2216}, {"kgf", 9.80665},
+                {"tonf", 8896.4432}});
       break;
     case kPressureGroup:
       SetGroup(units, group, "PRESS",
-               {{"Pa", 0.001f}, {"kPa", 1}, {"bar", 100}, {"mbar", 0.1f}, {"kg/cm^2", 98.0665f},
-                {"kgf/cm^2", 98.0665f}, {"t/m^2", 9.80665f}, {"ksf", 47.880259f}, {"psf", 0.047880259f},
-                {"atm", 101.325f}, {"tsf", 95.760518f}, {"ksi", 6894.7573f}, {"kN/m^2", 1},
-                {"psi", 6.8947573f}, {"MPa", 1000}});
+               {{"Pa", 1}, {"kPa", 1000}, {"bar", 100000}, {"mbar", 100}, {"kg/cm^2", 98066.5},
+                {"kgf/cm^2", 98066.5}, {"t/m^2", 9806.65}, {"ksf", 47880.259}, {"psf", 47.880259},
+                {"atm", 101325}, {"tsf", 95760.518}, {"ksi", 6894757.3}, {"kN/m^2", 1000},
+                {"psi", 6894.7573}, {"MPa", 1000000}});
       break;
     case kLengthGroup:
       SetGroup(units, group, "STRAIN",
-               {{"m", 1}, {"mm", 0.001f}, {"cm", 0.01f}, {"ft", 0.3048f}, {"in", 0.0254f}});
+               {{"m", 1}, {"mm", 0.001}, {"cm", 0.01}, {"ft", 0.3048}, {"in", 0.0254}});
       break;
     case kAreaGroup:
       SetGroup(units, group, "AREA",
-               {{"m^2", 1}, {"cm^2", 0.0001f}, {"mm^2", 0.000001f}, {"in^2", 0.00064516f},
-                {"ft^2", 0.09290304f}});
+               {{"m^2", 1}, {"cm^2", 0.0001}, {"mm^2", 0.000001}, {"in^2", 0.00064516},
+                {"ft^2", 0.09290304}});
       break;
     case kVolumeGroup:
       SetGroup(units, group, "VOLUME",
-               {{"m^3", 1}, {"cm^3", 0.000001f}, {"L", 0.001f}, {"in^3", 0.000016387064f},
-                {"ft^3", 0.028316847f}});
+               {{"m^3", 1}, {"cm^3", 0.000001}, {"L", 0.001}, {"in^3", 0.000016387064},
+                {"ft^3", 0.028316847}});
       break;
   }
+}
+
+// Pressure tables of earlier versions gave kilopascals per unit (kPa 1, psi 6.8947573). Their kPa
+// row tells them apart; scaled to pascals here, an existing data directory keeps its results.
+bool IsKilopascalTable(const std::array<std::string, kMaxUnitsInGroup + 1>& names,
+                       const std::array<double, kMaxUnitsInGroup + 1>& factors, int count) {
+  int kpa = 0;
+  for (int unit = 1; unit <= count && kpa == 0; ++unit) {
+    if (names[static_cast<size_t>(unit)] == "kPa") kpa = unit;
+  }
+  if (kpa == 0 && kKpaUnit <= count) kpa = kKpaUnit;
+  return kpa != 0 && factors[static_cast<size_t>(kpa)] == 1;
 }
 
 }  // namespace
@@ -75,15 +96,29 @@ float UnitTables::Factor(int unit, int group) const {
   return UnitFactors[unit][group];
 }
 
+float UnitTables::ConversionFactor(int unit, int group) const {
+  if (group != kPressureGroup) return Factor(unit, group);
+  if (unit < 0 || unit > kMaxUnitsInGroup) Fail(kErrSubscript);
+  return KilopascalFactors[static_cast<size_t>(unit)];
+}
+
 void ReadUnitFile(UnitTables& units, int group, std::string_view bytes) {
   LineCursor lines(bytes);
+  std::array<std::string, kMaxUnitsInGroup + 1> names;
+  std::array<double, kMaxUnitsInGroup + 1> factors{};
   int unit = 0;
   while (!lines.AtEnd() && unit < kMaxUnitsInGroup) {
     const std::string_view name = lines.Next();
     if (lines.AtEnd()) break;
     ++unit;
-    units.UnitNames[unit][group] = std::string(name);
-    units.UnitFactors[unit][group] = ToSingle(LenientNumber(lines.Next()));
+    names[static_cast<size_t>(unit)] = std::string(name);
+    factors[static_cast<size_t>(unit)] = LenientNumber(lines.Next());
+  }
+  const double scale =
+      group == kPressureGroup && IsKilopascalTable(names, factors, unit) ? kPascalsPerKilopascal : 1;
+  for (int u = 1; u <= unit; ++u) {
+    units.UnitNames[u][group] = std::move(names[static_cast<size_t>(u)]);
+    SetFactor(units, u, group, factors[static_cast<size_t>(u)] * scale);
   }
   units.UnitCount[group] = unit;
 }
@@ -101,6 +136,7 @@ void SetupTYRChannels(UnitTables& units, const std::string& data_directory, floa
       for (int unit = 1; unit <= kMaxUnitsInGroup; ++unit) {
         units.UnitNames[unit][group].clear();
         units.UnitFactors[unit][group] = 0;
+        if (group == kPressureGroup) units.KilopascalFactors[unit] = 0;
       }
       ReadUnitFile(units, group, *bytes);
     }
@@ -120,8 +156,8 @@ void SetupTYRChannels(UnitTables& units, const std::string& data_directory, floa
   SetGroup(units, kSptGroup, "SPT CORRELATION", {{"blows/ft", 1}, {"blows/m", feet_per_metre}});
   SetGroup(units, kSbt83Group, "SOIL BEHAVIOR TYPE", {{"RC 1983", 1}});
   SetGroup(units, kDensityGroup, "DENSITY",
-           {{"kgf/m^3", 1}, {"kg/m^3", 1}, {"kgf/m3", 1}, {"kg/m3", 1}, {"lb/ft^3", 16.0185f},
-            {"lb/ft3", 16.0185f}, {"pcf", 16.0185f}, {"PCF", 16.0185f}});
+           {{"kgf/m^3", 1}, {"kg/m^3", 1}, {"kgf/m3", 1}, {"kg/m3", 1}, {"lb/ft^3", 16.0185},
+            {"lb/ft3", 16.0185}, {"pcf", 16.0185}, {"PCF", 16.0185}});
   SetGroup(units, kSpeedGroup, "SPEED", {{"cm/sec", 1}, {"cm/s", 1}});
   SetGroup(units, kSbt90Group, "SOIL BEHAVIOR TYPE", {{"Rob. 1990", 1}});
   // The 1986 chart's unit has no factor: that group is never converted.

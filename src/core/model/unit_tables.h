@@ -47,9 +47,17 @@ struct UnitTables {
   std::array<std::array<std::string, kMaxUnitGroup + 1>, kMaxUnitsInGroup + 1> UnitNames;
   std::array<std::array<float, kMaxUnitGroup + 1>, kMaxUnitsInGroup + 1> UnitFactors{};
   std::array<int, kMaxUnitGroup + 1> UnitCount{};
+  // The pressure rows in kilopascals per unit, each rounded once to single precision from the
+  // table's value, as the kilopascal tables of earlier versions held them.
+  std::array<float, kMaxUnitsInGroup + 1> KilopascalFactors{};
 
   const std::string& Name(int unit, int group) const;
+  // Pressures: pascals per unit, for a lone factor such as the head of a metre of water.
   float Factor(int unit, int group) const;
+  // The factor a conversion between two units of a group divides by another. A ratio is unit
+  // free, but its last bit follows where each single-precision factor was rounded: pressures
+  // convert through KilopascalFactors so that exports keep the numbers earlier versions wrote.
+  float ConversionFactor(int unit, int group) const;
 };
 
 // Fills the unit tables at start: groups 0..4 from the five unit files of the data directory (a

@@ -269,8 +269,8 @@ std::string GinExport(const Session& session, GinUnit unit) {
     if (c == 0) return 0.0;
     const double factor = s.ChannelUnitFactor[c][kGraphOutput];
     const double in_default = factor == 0 ? 0 : s.AlignedReadings(r, KindColumn(c, kGraphOutput)) / factor;
-    const double to = session.units.Factor(mode_unit, kPressureGroup);
-    return to == 0 ? 0 : in_default * session.units.Factor(s.ChannelDefaultUnit[c], kPressureGroup) / to;
+    const double to = session.units.ConversionFactor(mode_unit, kPressureGroup);
+    return to == 0 ? 0 : in_default * session.units.ConversionFactor(s.ChannelDefaultUnit[c], kPressureGroup) / to;
   };
   const char* pressure_format = fine ? "###0.0000" : "#######0.0000";
   const double density = session.general.SoilDensity * (feet ? 1 : kKgPerCubicMetreInPcf);

@@ -78,11 +78,13 @@ std::string AskSavePath(const Session& session, UserPrompts& prompts, const char
     FileDialogRequest request;
     request.title = "Save As";
     request.filter = std::string("*") + extension + "|*" + extension;
+    request.asks_overwrite = true;
     if (DirectoryExists(session.SoundingDirectory)) request.start_directory = session.SoundingDirectory;
     std::string path = prompts.SaveFile(request);
     if (path.empty()) return {};
-    if (FileExists(path) && prompts.Ask(overwrite, Buttons::kYesNo) != Answer::kYes) continue;
+    // The extension goes on first: the file to be replaced is the one with it.
     if (!EndsWithNoCase(path, extension)) path += extension;
+    if (FileExists(path) && prompts.Ask(overwrite, Buttons::kYesNo) != Answer::kYes) continue;
     return path;
   }
 }
@@ -181,32 +183,37 @@ PickOutcome PlaceArrival(SeismicStore& s, UserPrompts& prompts, int test, int cu
   return outcome;
 }
 
-void MoveArrival(SeismicStore& s, UserPrompts& prompts, int test, int step) {
-  if (s.ArrivalSample[test] == 0) return;
+std::vector<int> MoveArrival(SeismicStore& s, UserPrompts& prompts, int test, int step) {
+  if (s.ArrivalSample[test] == 0) return {};
   const int kind = s.ArrivalKind[test];
   if (!PickableKind(kind)) {
-    // Without a strike for the pick only the move to the left has a sample to go to.
-    if (step > 0) return;
-    s.ArrivalSample[test] = std::max(1.0f, s.ArrivalSample[test] + static_cast<float>(step));
-    return;
+    // Without a strike for the pick only the move to the left has a sample to go to; the delay stays.
+    if (step < 0) s.ArrivalSample[test] = std::max(1.0f, s.ArrivalSample[test] + static_cast<float>(step));
+  } else {
+    const int n = s.SampleCount[StrikeSlot(kind, test)];
+    s.ArrivalSample[test] =
+        std::clamp(s.ArrivalSample[test] + static_cast<float>(step), 1.0f, static_cast<float>(std::max(n, 1)));
+    s.DelayTime[test] = TimeAt(s, test, s.ArrivalSample[test]);
   }
-  const int n = s.SampleCount[StrikeSlot(kind, test)];
-  s.ArrivalSample[test] = std::clamp(s.ArrivalSample[test] + static_cast<float>(step), 1.0f, static_cast<float>(std::max(n, 1)));
-  s.DelayTime[test] = TimeAt(s, test, s.ArrivalSample[test]);
-  CalculateVelocities(s, prompts, test);
+  return CalculateVelocities(s, prompts, test);
 }
 
-void ResetArrival(SeismicStore& s, UserPrompts& prompts, int test) {
+std::vector<int> ResetArrival(SeismicStore& s, UserPrompts& prompts, int test) {
   s.ArrivalSample[test] = 0;
   s.DelayTime[test] = 0;
-  CalculateVelocities(s, prompts, test);
+  return CalculateVelocities(s, prompts, test);
 }
 
-bool ChooseArrivalStrike(SeismicStore& s, UserPrompts& prompts, int test, int16_t kind) {
+bool SetArrivalStrike(SeismicStore& s, int test, int16_t kind) {
   if (s.ArrivalKind[test] == kind) return false;
   s.ArrivalKind[test] = kind;
   s.DelayTime[test] = 0;
   s.ArrivalSample[test] = 0;
+  return true;
+}
+
+bool ChooseArrivalStrike(SeismicStore& s, UserPrompts& prompts, int test, int16_t kind) {
+  if (!SetArrivalStrike(s, test, kind)) return false;
   CalculateVelocities(s, prompts, test);
   return true;
 }

@@ -37,11 +37,15 @@ struct PickOutcome {
 };
 // A left click on the wave of test at cursor_sample; shift is the Shift key alone.
 PickOutcome PlaceArrival(SeismicStore& store, UserPrompts& prompts, int test, int cursor_sample, bool shift);
-// cmdArrivalLeft (-1) and cmdArrivalRight (+1).
-void MoveArrival(SeismicStore& store, UserPrompts& prompts, int test, int step);
-// cmdResetWave.
-void ResetArrival(SeismicStore& store, UserPrompts& prompts, int test);
-// optArrivalAStrike and the others: true when the kind really changed.
+// cmdArrivalLeft (-1) and cmdArrivalRight (+1), with their one run of the velocities; returns the
+// tests to redraw, none when the pick did not move.
+std::vector<int> MoveArrival(SeismicStore& store, UserPrompts& prompts, int test, int step);
+// cmdResetWave, with its one run of the velocities; returns the tests to redraw.
+std::vector<int> ResetArrival(SeismicStore& store, UserPrompts& prompts, int test);
+// The strike of the pick set without the velocities: true when the kind really changed, and then
+// the pick and the delay are cleared.
+bool SetArrivalStrike(SeismicStore& store, int test, int16_t kind);
+// optArrivalAStrike and the others: SetArrivalStrike, then the velocities when the kind changed.
 bool ChooseArrivalStrike(SeismicStore& store, UserPrompts& prompts, int test, int16_t kind);
 
 // frmDelayWarning: whether picks of the file stand on S and P waves at once.

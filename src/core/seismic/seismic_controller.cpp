@@ -136,7 +136,6 @@ void SeismicController::Load() {
   if (NeedsDelayWarning(s)) {
     ApplyDelayWarning(s, dialogs_.AskDelayWarning());
     CalculateDelays(s);
-    Velocities(0);
     view_.ShownTest = 1;
     if (s.TestCount > 0 && !IsLog()) {
       view_.WorkbenchOpen = true;
@@ -145,18 +144,13 @@ void SeismicController::Load() {
     }
   }
   // A log has no tests to measure velocities between, so it asks for no hammer distance.
-  if (s.AskHammerDistance == 1 && !IsLog()) {
-    view_.HammerFrameVisible = true;
-  } else {
-    Velocities(0);
-  }
+  if (s.AskHammerDistance == 1 && !IsLog()) view_.HammerFrameVisible = true;
   const ArrivalErrorChoice choice = ArrivalErrorChoices(s);
-  if (choice.needed) {
-    ApplyArrivalError(s, dialogs_.AskArrivalError(choice));
-    // With the kinds set, the delays stand; the velocities follow unless the hammer distance waits.
-    if (!view_.HammerFrameVisible) CalculateVelocities(s, prompts_, 0);
-    RedrawAll();
-  }
+  if (choice.needed) ApplyArrivalError(s, dialogs_.AskArrivalError(choice));
+  // The velocities run once per load, on the delays the checks leave, and not while the hammer
+  // distance waits for the operator: each equal pair of delays is a box the user must close.
+  if (!view_.HammerFrameVisible) Velocities(0);
+  if (choice.needed) RedrawAll();
 }
 
 void SeismicController::AfterConditioning() { RedrawAll(); }
@@ -361,6 +355,17 @@ void SeismicController::ChooseArrivalStrike(int16_t kind) {
   RedrawStrike();
 }
 
+void SeismicController::PickOnStrike(int16_t kind, int cursor_sample, bool shift) {
+  if (IsLog()) return;
+  const int test = view_.ShownTest;
+  const bool changed = SetArrivalStrike(Store(), test, kind);
+  if (changed) view_.ArrivalControlsVisible = false;
+  const PickOutcome outcome = ClickWave(cursor_sample, shift);
+  // A dropped click still owes the velocities to the cleared pick.
+  if (!outcome.checked && changed) Velocities(test);
+  RedrawStrike();
+}
+
 int SeismicController::SampleAtTime(double time_ms) const {
   const SeismicStore& s = Store();
   const int test = view_.ShownTest;
@@ -383,37 +388,42 @@ void SeismicController::Click(int cursor_sample, bool shift, bool right_button) 
     ResetWave();
     return;
   }
+  if (ClickWave(cursor_sample, shift).checked) RedrawStrike();
+}
+
+PickOutcome SeismicController::ClickWave(int cursor_sample, bool shift) {
   view_.CursorSample = cursor_sample;
   view_.SnapEnabled = shift;
   const PickOutcome outcome = PlaceArrival(Store(), prompts_, view_.ShownTest, cursor_sample, shift);
-  if (!outcome.checked) return;
+  if (!outcome.checked) return outcome;
   UpdateArrivalButtons();
   RedrawTests(outcome.changed_tests);
   RedrawTests(outcome.redraw);
-  RedrawStrike();
+  return outcome;
 }
 
+// The fine moves and the reset run the velocities themselves, once; the controller redraws.
 void SeismicController::ArrivalLeft() {
   if (!view_.ArrivalLeftEnabled) return;
-  MoveArrival(Store(), prompts_, view_.ShownTest, -1);
+  const std::vector<int> redraw = MoveArrival(Store(), prompts_, view_.ShownTest, -1);
   UpdateArrivalButtons();
-  Velocities(view_.ShownTest);
+  RedrawTests(redraw);
   RedrawStrike();
 }
 
 void SeismicController::ArrivalRight() {
   if (!view_.ArrivalRightEnabled) return;
-  MoveArrival(Store(), prompts_, view_.ShownTest, +1);
+  const std::vector<int> redraw = MoveArrival(Store(), prompts_, view_.ShownTest, +1);
   UpdateArrivalButtons();
-  Velocities(view_.ShownTest);
+  RedrawTests(redraw);
   RedrawStrike();
 }
 
 void SeismicController::ResetWave() {
   if (IsLog()) return;
-  ResetArrival(Store(), prompts_, view_.ShownTest);
+  const std::vector<int> redraw = ResetArrival(Store(), prompts_, view_.ShownTest);
   view_.ArrivalControlsVisible = false;
-  Velocities(view_.ShownTest);
+  RedrawTests(redraw);
   RedrawStrike();
 }
 

@@ -143,6 +143,9 @@ class SeismicController {
   // The sample of the pick's strike nearest a time on the view's axis.
   int SampleAtTime(double time_ms) const;
   void Click(int cursor_sample, bool shift, bool right_button);
+  // The strike option of kind, then a left click on the wave, as one operation with one run of
+  // the velocities (the command line's pick).
+  void PickOnStrike(int16_t kind, int cursor_sample, bool shift);
   void ArrivalLeft();
   void ArrivalRight();
   void ResetWave();
@@ -176,6 +179,7 @@ class SeismicController {
   void UpdateArrivalButtons();
   void AfterConditioning();
   void Velocities(int changed_test);
+  PickOutcome ClickWave(int cursor_sample, bool shift);
   void MoveStrike(int16_t from, int16_t to, bool keep_source, bool negate);
 
   Session& session_;

@@ -71,7 +71,10 @@ std::string QtPrompts::SaveFile(const FileDialogRequest& request) {
   const QString filter = ToDialogFilter(request.filter, request.filter_index, &selected);
   QString start = ToQString(request.start_directory);
   if (!request.default_name.empty()) start += (start.isEmpty() ? "" : "/") + ToQString(request.default_name);
-  return QFileDialog::getSaveFileName(parent_, ToQString(request.title), start, filter, &selected).toStdString();
+  const QFileDialog::Options options =
+      request.asks_overwrite ? QFileDialog::DontConfirmOverwrite : QFileDialog::Options();
+  return QFileDialog::getSaveFileName(parent_, ToQString(request.title), start, filter, &selected, options)
+      .toStdString();
 }
 
 }  // namespace marlview
