@@ -5,10 +5,12 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <filesystem>
 #include <functional>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <stdexcept>
+#include <system_error>
 #include <utility>
 
 #include "app/cli_globals.h"
@@ -18,6 +20,7 @@
 #include "core/common/text_rules.h"
 #include "core/seismic/conditioning.h"
 #include "core/seismic/seismic_controller.h"
+#include "core/seismic/seismic_exports.h"
 #include "core/seismic/seismic_open.h"
 #include "core/seismic/seismic_writers.h"
 #include "core/session/session.h"
@@ -36,7 +39,10 @@ constexpr const char* kSeismicUsage =
     "                    [--shift TEST:KIND:up|down] [--nudge TEST:KIND:left|right|left-gross|right-gross]\n"
     "                    [--trim-test TEST:MS] [--pick TEST:KIND:SAMPLE] [--snap TEST:KIND:SAMPLE]\n"
     "                    [--arrival TEST:left|right] [--reset TEST] [--hammer-distance METRES]\n"
-    "                    [--dly OUT] [--vss OUT] [--save OUT] [--combine FILE2:OFFSET] [--waves | --velocities]\n";
+    "                    [--dly OUT] [--vss OUT] [--save OUT] [--combine FILE2:OFFSET]\n"
+    "                    [--export txt|csv|grf:DIR] [--export-test TEST:txt|csv:DIR] [--sounding TEXT]\n"
+    "                    [--file-name TEXT] [--txt-header yes|no] [--grf-strikes A|B|P|AB]\n"
+    "                    [--grf-points all|alternating] [--waves | --velocities]\n";
 
 // A save whose failure has been told: the command ends with status 1.
 struct SaveFailed {};
@@ -52,6 +58,11 @@ struct SeismicOptions : GlobalOptions {
   std::optional<bool> delay_warning_s;
   std::optional<std::string> arrival_error;
   std::vector<Operation> operations;
+  // The boxes of the export dialogs, the same for every export of the command.
+  std::string sounding, file_name;
+  std::optional<bool> txt_header;
+  GrfStrikes grf_strikes = GrfStrikes::kA;
+  std::optional<bool> grf_alternating;
   enum class Output { kJson, kWaves, kVelocities } output = Output::kJson;
 };
 
@@ -180,6 +191,41 @@ SeismicOptions Parse(const std::vector<std::string>& args) {
       const size_t colon = text.rfind(':');
       if (colon == std::string::npos || colon == 0) throw UsageError("--combine takes FILE2:OFFSET");
       o.operations.push_back({a, {text.substr(0, colon), text.substr(colon + 1)}});
+    } else if (a == "--export") {
+      // DIR may hold a colon of its own; the kind is in front of the first one.
+      const std::string& text = value();
+      const size_t colon = text.find(':');
+      if (colon == std::string::npos) throw UsageError("--export takes txt|csv|grf:DIR");
+      OneOf(text.substr(0, colon), {"txt", "csv", "grf"}, a);
+      o.operations.push_back({a, {text.substr(0, colon), text.substr(colon + 1)}});
+    } else if (a == "--export-test") {
+      const std::string& text = value();
+      const size_t first = text.find(':');
+      const size_t second = first == std::string::npos ? first : text.find(':', first + 1);
+      if (second == std::string::npos) throw UsageError("--export-test takes TEST:txt|csv:DIR");
+      const std::string test = text.substr(0, first), kind = text.substr(first + 1, second - first - 1);
+      WholeNumber(test, a);
+      OneOf(kind, {"txt", "csv"}, a);
+      o.operations.push_back({a, {test, kind, text.substr(second + 1)}});
+    } else if (a == "--sounding") {
+      o.sounding = value();
+    } else if (a == "--file-name") {
+      o.file_name = value();
+    } else if (a == "--txt-header") {
+      const std::string& answer = value();
+      OneOf(answer, {"yes", "no"}, a);
+      o.txt_header = answer == "yes";
+    } else if (a == "--grf-strikes") {
+      const std::string& answer = value();
+      OneOf(answer, {"A", "B", "P", "AB"}, a);
+      o.grf_strikes = answer == "A"   ? GrfStrikes::kA
+                      : answer == "B" ? GrfStrikes::kB
+                      : answer == "P" ? GrfStrikes::kP
+                                      : GrfStrikes::kAB;
+    } else if (a == "--grf-points") {
+      const std::string& answer = value();
+      OneOf(answer, {"all", "alternating"}, a);
+      o.grf_alternating = answer == "alternating";
     } else if (a.starts_with("--")) {
       throw UsageError("unknown option " + a);
     } else if (!seen_command) {
@@ -388,7 +434,8 @@ void WriteVelocities(const SeismicStore& s, std::ostream& out) {
 // One operation, as its control or menu entry does it; a test, strike or sample the controls
 // would not offer is bad usage. With check_only the operation is only checked against the
 // sounding as loaded, so that bad usage anywhere on the line applies nothing.
-void Apply(Session& session, SeismicController& c, SeismicCliPrompts& prompts, const Operation& op, bool check_only) {
+void Apply(Session& session, SeismicController& c, SeismicCliPrompts& prompts, const SeismicOptions& options,
+           const Operation& op, bool check_only) {
   const SeismicStore& s = c.Store();
   const bool log = c.IsLog();
   const std::string& name = op.name;
@@ -487,6 +534,28 @@ void Apply(Session& session, SeismicController& c, SeismicCliPrompts& prompts, c
     if (check_only) return;
     prompts.EchoOk(CombineCaution(sei));
     if (CombineSeismicFile(session, prompts, sei, op.parts[0], op.parts[1])) c.Load();
+  } else if (name == "--export" || name == "--export-test") {
+    const bool single = name == "--export-test";
+    const std::string& kind = op.parts[single ? 1 : 0];
+    if (log && kind != "grf") throw UsageError(name + " " + kind + " is not for a seismic log");
+    const int test = single ? workbench(op.parts[0]) : 0;
+    if (check_only) return;
+    const SeismicExportBoxes boxes{options.sounding, options.file_name, op.parts.back()};
+    std::error_code ignored;
+    std::filesystem::create_directories(boxes.directory, ignored);
+    if (single) {
+      if (kind == "txt") ExportSingleSeismicText(s, test, boxes, prompts); else ExportSingleSeismicCsv(s, test, boxes, prompts);
+    } else if (kind == "txt") {
+      const std::string& data = session.Paths().data_directory;
+      const bool header = options.txt_header.value_or(ReadTxtHeaderSetting(data));
+      if (ExportSeismicText(s, boxes, header, prompts)) WriteTxtHeaderSetting(data, header);
+    } else if (kind == "csv") {
+      ExportSeismicCsv(s, boxes, prompts);
+    } else {
+      const GrfOptions grf{options.grf_strikes, options.grf_alternating.value_or(false), options.feet,
+                           session.FeetPerMetre};
+      ExportSeismicGrf(s, boxes, grf, prompts);
+    }
   }
 }
 
@@ -522,8 +591,9 @@ int RunSeismic(const std::vector<std::string>& args, std::ostream& out, std::ost
   SeismicController controller(session, prompts, dialogs);
   try {
     controller.Load();
-    for (const Operation& op : options.operations) Apply(session, controller, prompts, op, true);
-    for (const Operation& op : options.operations) Apply(session, controller, prompts, op, false);
+    if (options.grf_alternating && !controller.IsLog()) throw UsageError("--grf-points is for a seismic log (.SLG) only");
+    for (const Operation& op : options.operations) Apply(session, controller, prompts, options, op, true);
+    for (const Operation& op : options.operations) Apply(session, controller, prompts, options, op, false);
   } catch (const UsageError& error) {
     err << "marlview-cli: " << error.what() << '\n' << kSeismicUsage;
     return 2;

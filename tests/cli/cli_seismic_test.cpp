@@ -271,5 +271,68 @@ TEST_F(CliSeismicTest, CombineAddsTheSecondFileBelowItsOffset) {
   EXPECT_NE(run.err.find("usage: marlview-cli"), std::string::npos);
 }
 
+TEST_F(CliSeismicTest, ExportsOfAllTestsGoIntoTheFolderMadeForThem) {
+  const std::string file = SmallSei();
+  const std::string dir = files_.Path() + "/out/txt";
+  CliRun run = Run({"seismic", file, "--sounding", "Harbour", "--file-name", "site.txt", "--txt-header", "no",
+                    "--export", "txt:" + dir, "--export", "csv:" + files_.Path() + "/csv", "--velocities"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(ReadWholeFile(dir + "/site_003.00m_R_strike(002).txt").substr(0, 27), "   Depth:      3 meter(s)\r\n");
+  EXPECT_TRUE(FileExists(dir + "/site_004.00m_L_strike(003).txt"));
+  EXPECT_EQ(ReadWholeFile(files_.Path() + "/csv/site.txt_002.00m_L_strike(001).csv").substr(0, 17), "Sounding,Harbour ");
+  // The header choice is kept and is the default of the next export.
+  EXPECT_EQ(ReadWholeFile(settings_.File("Print Seismic TXT Export Header.txt")), "0\r\n");
+  run = Run({"seismic", file, "--sounding", "H", "--file-name", "again", "--export", "txt:" + dir});
+  EXPECT_EQ(ReadWholeFile(dir + "/again_002.00m_L_strike(001).txt").substr(0, 11), "   Depth:  ");
+
+  // The workbench's export: the shown test alone, always with its header.
+  run = Run({"seismic", file, "--sounding", "H", "--file-name", "one", "--export-test", "2:txt:" + files_.Path() + "/one"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_TRUE(FileExists(files_.Path() + "/one/one_003.00m_L_strike(002).txt"));
+  EXPECT_FALSE(FileExists(files_.Path() + "/one/one_002.00m_L_strike(001).txt"));
+  EXPECT_EQ(ReadWholeFile(files_.Path() + "/one/one_003.00m_R_strike(002).txt").substr(0, 12), "Sounding: H ");
+}
+
+TEST_F(CliSeismicTest, GraphExportAsksForAMissingStrikeAndStopsWithoutYes) {
+  const std::string file = SmallSei();
+  const std::string dir = files_.Path() + "/grf";
+  CliRun run = Run({"seismic", file, "--sounding", "S", "--file-name", "site", "--grf-strikes", "P", "--export",
+                    "grf:" + dir, "--velocities"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err,
+            "? TEST #: 1 at 2.00 (m) DOES NOT HAVE (P) STRIKE. CANNOT CONVERT -> Cancel\n! CONVERSION CANCELED\n");
+  run = Run({"--yes", "--feet", "seismic", file, "--sounding", "S", "--file-name", "site", "--grf-strikes", "AB",
+             "--export", "grf:" + dir});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.err, "! CONVERSION COMPLETED\n");
+  const std::string grf = ReadWholeFile(dir + "/site(A+B)009.84ft.grf");
+  EXPECT_EQ(grf.substr(0, 25), "DPLOT/W v1.2\r\ndx\r\n2\r\n20\r\n");
+  EXPECT_NE(grf.find("Depth: 9.84ft\\n\r\n"), std::string::npos);
+  // An empty box writes nothing and is no failure.
+  run = Run({"seismic", file, "--file-name", "x", "--export", "grf:" + files_.Path() + "/none", "--velocities"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "! Please enter a sounding name\n");
+}
+
+TEST_F(CliSeismicTest, ExportOptionsOutsideTheirFamilyOrListsAreBadUsage) {
+  const std::string file = SmallSei();
+  const std::string log = test::SamplesDirectory() + "/SCPT-C12.SLG";
+  const std::string dir = files_.Path() + "/bad";
+  EXPECT_EQ(Run({"seismic", log, "--export", "txt:" + dir}).status, 2);
+  EXPECT_EQ(Run({"seismic", log, "--export-test", "1:csv:" + dir}).status, 2);
+  EXPECT_EQ(Run({"seismic", file, "--grf-points", "all", "--export", "grf:" + dir}).status, 2);
+  EXPECT_EQ(Run({"seismic", file, "--export-test", "4:txt:" + dir}).status, 2);
+  EXPECT_EQ(Run({"seismic", file, "--export", "pdf:" + dir}).status, 2);
+  EXPECT_EQ(Run({"seismic", file, "--grf-strikes", "Z"}).status, 2);
+  EXPECT_EQ(Run({"seismic", file, "--txt-header", "maybe"}).status, 2);
+  EXPECT_FALSE(DirectoryExists(dir));
+  // A log's graph file in alternating points is one file for the whole record.
+  const CliRun run = Run({"seismic", log, "--sounding", "S", "--file-name", "log", "--grf-points", "alternating",
+                          "--export", "grf:" + dir, "--velocities"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_NE(run.err.find("! CONVERSION COMPLETED"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace marlview
