@@ -13,6 +13,7 @@
 #include <QTimer>
 #include <QtTest>
 #include <algorithm>
+#include <filesystem>
 #include <memory>
 #include <vector>
 
@@ -22,6 +23,7 @@
 #include "support/test_support.h"
 #include "ui/seismic/frm_enlarged_seismic_graph.h"
 #include "ui/seismic/seismic_dialogs.h"
+#include "ui/seismic/seismic_export_dialogs.h"
 #include "ui/seismic/seisform.h"
 #include "ui/shell/form1.h"
 
@@ -315,6 +317,68 @@ class SeismicWindowsTest : public QObject {
     QVERIFY(Store().DelayTime[2] > 0);
     QCOMPARE(Store().ArrivalSample[1], 0.0f);
     QVERIFY(log->Workbench() != nullptr && log->Workbench()->isVisible());
+  }
+
+  void exportsFromTheLogWindowAndTheWorkbench() {
+    Seisform* log = OpenSample("SCPT-A01.SEI");
+    QVERIFY(log != nullptr);
+    marlview::test::TempDirectory out;
+    const QString folder = QString::fromStdString(out.Path());
+    // An empty box keeps the dialog open with its message; filled boxes write and close it.
+    bool still_open = false;
+    QTimer::singleShot(0, this, [&] {
+      auto* dialog = qobject_cast<marlview::FrmExportSeismicTXT*>(QApplication::activeModalWidget());
+      QVERIFY(dialog != nullptr);
+      dialog->txtFileName->setText("site.txt");
+      dialog->cmdOK->click();
+      still_open = dialog->isVisible();
+      dialog->txtSoundingName->setText("Harbour");
+      dialog->txtDirectory->setText(folder);
+      dialog->chkIncludeHeader->setChecked(false);
+      dialog->cmdOK->click();
+    });
+    log->mnuExportTXT->trigger();
+    QVERIFY(still_open);
+    QCOMPARE(Log(), QStringList{"! Please enter a sounding name"});
+    const std::string first = out.File("site_" + marlview::FormatNumber(Store().TestDepth[1], "000.00") + "m_L_strike(001).txt");
+    QVERIFY(marlview::FileExists(first));
+    QVERIFY(marlview::ReadWholeFile(first).starts_with("   Depth: "));
+    QCOMPARE(QString::fromStdString(marlview::ReadWholeFile(t_->data.File("Print Seismic TXT Export Header.txt"))),
+             QString("0\r\n"));
+    t_->prompts.ClearLog();
+
+    QTimer::singleShot(0, this, [&] {
+      auto* dialog = qobject_cast<marlview::FrmExportSeismicGRF*>(QApplication::activeModalWidget());
+      QVERIFY(dialog != nullptr);
+      QVERIFY(dialog->optExportAStrikes->isChecked());
+      QVERIFY(!dialog->optAllPoints->isVisibleTo(dialog));
+      dialog->txtSoundingName->setText("Harbour");
+      dialog->txtFilenameForGRF->setText("site");
+      dialog->txtDirectory->setText(folder + "/grf");
+      dialog->cmdOK->click();
+    });
+    std::filesystem::create_directories(out.Path() + "/grf");
+    log->mnuExportGRF->trigger();
+    QCOMPARE(Log(), QStringList{"! CONVERSION COMPLETED"});
+    const auto grf = std::distance(std::filesystem::directory_iterator(out.Path() + "/grf"), {});
+    QCOMPARE(static_cast<int>(grf), static_cast<int>(Store().TestCount));
+    t_->prompts.ClearLog();
+
+    FrmEnlargedSeismicGraph* bench = OpenTest(log, 3);
+    QVERIFY(bench != nullptr);
+    QTimer::singleShot(0, this, [&] {
+      auto* dialog = qobject_cast<marlview::FrmExportSingleSeismicCSV*>(QApplication::activeModalWidget());
+      QVERIFY(dialog != nullptr);
+      dialog->txtSoundingName->setText("Harbour");
+      dialog->txtFileName->setText("one");
+      dialog->txtDirectory->setText(folder + "/grf");
+      dialog->cmdOK->click();
+    });
+    bench->mnuExportCSV->trigger();
+    const std::string single =
+        out.File("grf/one_" + marlview::FormatNumber(Store().TestDepth[3], "000.00") + "m_L_strike(003).csv");
+    QVERIFY(marlview::ReadWholeFile(single).starts_with("Sounding,Harbour      "));
+    QVERIFY(Log().isEmpty());
   }
 
   void badFilesOfEachFamilyLeaveTheProgramUsable() {

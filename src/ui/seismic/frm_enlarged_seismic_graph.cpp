@@ -20,6 +20,7 @@
 #include "ui/presentation/printer_print_job.h"
 #include "ui/presentation/widget_surface.h"
 #include "ui/seismic/seismic_dialogs.h"
+#include "ui/seismic/seismic_export_dialogs.h"
 #include "ui/seismic/seisform.h"
 
 namespace marlview {
@@ -165,6 +166,9 @@ void FrmEnlargedSeismicGraph::BuildMenus() {
   mnuIncludeCoverSheet = NamedAction(file, "mnuIncludeCoverSheet", "Print with &Cover Sheet...");
   mnuNoCoverSheet = NamedAction(file, "mnuNoCoverSheet", "&Print without Cover Sheet...");
   file->addSeparator();
+  mnuExportASCII = NamedAction(file, "mnuExportASCII", "Export as &Text...");
+  mnuExportCSV = NamedAction(file, "mnuExportCSV", "Export as CS&V...");
+  file->addSeparator();
   mnuReturnToMainSeismic = NamedAction(file, "mnuReturnToMainSeismic", "&Return to Seismic Log");
   QMenu* edit = menuBar()->addMenu("&Edit");
   edit->setObjectName("mnuEdit");
@@ -258,6 +262,12 @@ void FrmEnlargedSeismicGraph::Connect() {
   click(cmdNextGraph, "cmdNextGraph_Click", [this] { controller_.NextTest(); });
   click(cmdShowHideReference, "cmdShowHideReference_Click", [this] { controller_.ToggleReference(); });
 
+  menu(mnuExportASCII, "mnuExportASCII_Click", [this] {
+    FrmExportSingleSeismicTXT(controller_.Store(), controller_.View().ShownTest, prompts_, this).exec();
+  });
+  menu(mnuExportCSV, "mnuExportCSV_Click", [this] {
+    FrmExportSingleSeismicCSV(controller_.Store(), controller_.View().ShownTest, prompts_, this).exec();
+  });
   menu(mnuScale, "mnuScale_Click", [this] { FrmScaleEnlargedSeismicGraph(controller_, prompts_, this).exec(); });
   menu(mnuTrimStrike, "mnuTrimStrike_Click", [this] { FrmTrimSeismicGraph(controller_, prompts_, this).exec(); });
   menu(mnuEditDepth, "mnuEditDepth_Click", [this] { FrmSeismicChangeDepth(controller_, prompts_, this).exec(); });

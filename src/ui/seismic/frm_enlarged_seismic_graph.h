@@ -66,6 +66,8 @@ class FrmEnlargedSeismicGraph : public QMainWindow {
   QPushButton* cmdShowHideReference;
   QTimer* tmrFilter;
 
+  QAction* mnuExportASCII;
+  QAction* mnuExportCSV;
   QAction* mnuScale;
   QAction* mnuTrimStrike;
   QAction* mnuEditDepth;

@@ -32,6 +32,7 @@
 #include "ui/presentation/printer_print_job.h"
 #include "ui/presentation/widget_surface.h"
 #include "ui/seismic/frm_enlarged_seismic_graph.h"
+#include "ui/seismic/seismic_export_dialogs.h"
 
 namespace marlview {
 namespace {
@@ -151,6 +152,10 @@ void Seisform::BuildMenus() {
   mnuCombineSEIFiles = NamedAction(mnuFile, "mnuCombineSEIFiles", "&Combine SEI Files...");
   mnuCombineSMCFiles = NamedAction(mnuFile, "mnuCombineSMCFiles", "&Combine SMC Files...");
   mnuFile->addSeparator();
+  mnuExportTXT = NamedAction(mnuFile, "mnuExportTXT", "Export &Text Files...");
+  mnuExportCSV = NamedAction(mnuFile, "mnuExportCSV", "Export CS&V Files...");
+  mnuExportGRF = NamedAction(mnuFile, "mnuExportGRF", "Export &GRF Files...");
+  mnuFile->addSeparator();
   mnuPrintGraph = NamedAction(mnuFile, "mnuPrintGraph", "&Print...");
   mnuSaveAsPdf = NamedAction(mnuFile, "mnuSaveAsPdf", "Print to P&DF...");
   mnuFile->addSeparator();
@@ -242,6 +247,11 @@ void Seisform::Connect() {
   on(mnuCombineSMCFiles, "mnuCombineSMCFiles_Click", [this] {
     if (CombineSmcFile(session_, prompts_, offset_dialog_)) LoadForm();
   });
+  on(mnuExportTXT, "mnuExportTXT_Click",
+     [this] { FrmExportSeismicTXT(session_, controller_.Store(), prompts_, this).exec(); });
+  on(mnuExportCSV, "mnuExportCSV_Click", [this] { FrmExportSeismicCSV(controller_.Store(), prompts_, this).exec(); });
+  on(mnuExportGRF, "mnuExportGRF_Click",
+     [this] { FrmExportSeismicGRF(session_, controller_.Store(), prompts_, this).exec(); });
   on(mnuReturn, "mnuReturn_Click", [this] { close(); });
   on(mnuFilterAllGraphs, "mnuFilterAllGraphs_Click", [this] { controller_.FilterAll(); });
   on(mnuEnhanceAllGraphs, "mnuEnhanceAllGraphs_Click", [this] { controller_.EnhanceAll(); });
@@ -376,6 +386,9 @@ void Seisform::Refresh() {
   mnuCombineSEIFiles->setVisible(menus.combine_sei && controller_.Store().AcquisitionFamily == kSeiFamily);
   mnuCombineSMCFiles->setVisible(menus.combine_smc);
   mnuSaveData->setEnabled(!log);
+  // A log holds one record, not strikes: it leaves only as a graph file.
+  mnuExportTXT->setEnabled(!log);
+  mnuExportCSV->setEnabled(!log);
   mnuGain->menuAction()->setVisible(menus.gain_visible);
   mnuAdjustDepth->setVisible(!log);
   mnuVelocity->menuAction()->setVisible(!log);

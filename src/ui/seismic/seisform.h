@@ -84,6 +84,9 @@ class Seisform : public QMainWindow, private SeismicListener {
   QAction* mnuSaveData;
   QAction* mnuCombineSEIFiles;
   QAction* mnuCombineSMCFiles;
+  QAction* mnuExportTXT;
+  QAction* mnuExportCSV;
+  QAction* mnuExportGRF;
   QAction* mnuPrintGraph;
   QAction* mnuSaveAsPdf;
   QAction* mnuIncludeCoverSheet;
