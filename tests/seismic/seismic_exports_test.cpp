@@ -46,7 +46,8 @@ SeismicStore& FillExportStore() {
 
 std::vector<std::string> FilesIn(const std::string& dir) {
   std::vector<std::string> names;
-  for (const auto& entry : std::filesystem::directory_iterator(dir)) names.push_back(entry.path().filename().string());
+  for (const auto& entry : std::filesystem::directory_iterator(dir))
+    names.push_back(entry.path().filename().string());
   std::sort(names.begin(), names.end());
   return names;
 }
@@ -60,7 +61,8 @@ TEST(StrikeExports, TextAndCsvLayoutsMatchTheReferences) {
   ExpectGolden(RenderStrikeCsv(s, 1, kStrikeP, "Harbour Road SCPT-1", kSoundingWidthAll),
                "seismic/strike.expected.csv");
   // The workbench's export cuts the sounding name at 20 characters.
-  const std::string single = RenderStrikeCsv(s, 1, kStrikeP, "A sounding name longer than twenty", kSoundingWidthSingle);
+  const std::string single =
+      RenderStrikeCsv(s, 1, kStrikeP, "A sounding name longer than twenty", kSoundingWidthSingle);
   EXPECT_EQ(single.substr(0, single.find("\r\n")), "Sounding,A sounding name long");
 }
 
@@ -115,9 +117,10 @@ TEST(StrikeExports, EmptyBoxesWriteNothingAndSayWhich) {
   EXPECT_FALSE(ExportSeismicCsv(s, {"", "f", dir.Path()}, prompts));
   EXPECT_FALSE(ExportSingleSeismicText(s, 1, {"s", "", dir.Path()}, prompts));
   EXPECT_EQ(ExportSeismicGrf(s, {"", "f", dir.Path()}, {}, prompts), GrfExportOutcome::kEmptyBox);
-  EXPECT_EQ(prompts.Log(), (std::vector<std::string>{"! Please enter a sounding name and a filename.",
-                                                     "! Please enter a sounding name", "! Please enter a filename.",
-                                                     "! Please enter a sounding name"}));
+  EXPECT_EQ(prompts.Log(),
+            (std::vector<std::string>{"! Please enter a sounding name and a filename.",
+                                      "! Please enter a sounding name", "! Please enter a filename.",
+                                      "! Please enter a sounding name"}));
   EXPECT_TRUE(FilesIn(dir.Path()).empty());
 }
 
@@ -158,27 +161,32 @@ TEST(GrfExport, ALogInAlternatingPointsHalvesTheRecord) {
   }
   ExpectGolden(RenderGrfFile(s, 1, {GrfStrikes::kA, true}), "seismic/log_alternating.expected.grf");
   const std::string all = RenderGrfFile(s, 1, {GrfStrikes::kA, false});
-  EXPECT_NE(all.find("1\r\n12\r\n0.001000,0.002000,0.003000,0.004000,0.005000\r\n"), std::string::npos) << all;
+  EXPECT_NE(all.find("1\r\n12\r\n0.001000,0.002000,0.003000,0.004000,0.005000\r\n"), std::string::npos)
+      << all;
 }
 
 TEST(GrfExport, AMissingStrikeAsksAndCancelStops) {
   SeismicStore& s = FillExportStore();
   TempDirectory dir;
   ScriptedPrompts go_on({"OK"});
-  EXPECT_EQ(ExportSeismicGrf(s, {"Site", "SCPT", dir.Path()}, {GrfStrikes::kAB}, go_on), GrfExportOutcome::kCompleted);
+  EXPECT_EQ(ExportSeismicGrf(s, {"Site", "SCPT", dir.Path()}, {GrfStrikes::kAB}, go_on),
+            GrfExportOutcome::kCompleted);
   EXPECT_EQ(go_on.Log(),
-            (std::vector<std::string>{"? TEST #: 1 at 4.50 (m) DOES NOT HAVE (A + B) STRIKES. CANNOT CONVERT. PRESS OK "
-                                      "TO CONTINUE TO NEXT TEST OR CANCEL TO STOP CONVERSION -> OK",
-                                      "! CONVERSION COMPLETED"}));
+            (std::vector<std::string>{
+                "? TEST #: 1 at 4.50 (m) DOES NOT HAVE (A + B) STRIKES. CANNOT CONVERT. PRESS OK "
+                "TO CONTINUE TO NEXT TEST OR CANCEL TO STOP CONVERSION -> OK",
+                "! CONVERSION COMPLETED"}));
   EXPECT_EQ(FilesIn(dir.Path()), (std::vector<std::string>{"SCPT(A+B)012.25m.grf"}));
 
   TempDirectory feet;
   ScriptedPrompts stop({"Cancel"});
-  EXPECT_EQ(ExportSeismicGrf(s, {"Site", "SCPT", feet.Path()}, {GrfStrikes::kP, false, true, kFeetPerMetre}, stop),
-            GrfExportOutcome::kCanceled);
-  EXPECT_EQ(stop.Log(), (std::vector<std::string>{"? TEST #: 2 at 40.19 (ft) DOES NOT HAVE (P) STRIKE. CANNOT CONVERT "
-                                                  "-> Cancel",
-                                                  "! CONVERSION CANCELED"}));
+  EXPECT_EQ(
+      ExportSeismicGrf(s, {"Site", "SCPT", feet.Path()}, {GrfStrikes::kP, false, true, kFeetPerMetre}, stop),
+      GrfExportOutcome::kCanceled);
+  EXPECT_EQ(stop.Log(),
+            (std::vector<std::string>{"? TEST #: 2 at 40.19 (ft) DOES NOT HAVE (P) STRIKE. CANNOT CONVERT "
+                                      "-> Cancel",
+                                      "! CONVERSION CANCELED"}));
   // The file of the test before the cancel stays.
   EXPECT_EQ(FilesIn(feet.Path()), (std::vector<std::string>{"SCPT(P)014.76ft.grf"}));
   EXPECT_EQ(ReadWholeFile(feet.File("SCPT(P)014.76ft.grf")),

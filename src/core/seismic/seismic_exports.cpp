@@ -45,7 +45,8 @@ std::string TextRenderer(const SeismicStore& s, int test, int kind, const std::s
                          int width) {
   return RenderStrikeText(s, test, kind, sounding, header, width);
 }
-std::string CsvRenderer(const SeismicStore& s, int test, int kind, const std::string& sounding, bool, int width) {
+std::string CsvRenderer(const SeismicStore& s, int test, int kind, const std::string& sounding, bool,
+                        int width) {
   return RenderStrikeCsv(s, test, kind, sounding, width);
 }
 
@@ -112,10 +113,14 @@ std::string DateNote(const SeismicStore& s) {
 
 bool HasWanted(const SeismicStore& s, int test, GrfStrikes strikes) {
   switch (strikes) {
-    case GrfStrikes::kA: return s.HasStrike(kStrikeA, test);
-    case GrfStrikes::kB: return s.HasStrike(kStrikeB, test);
-    case GrfStrikes::kP: return s.HasStrike(kStrikeP, test);
-    case GrfStrikes::kAB: return s.HasStrike(kStrikeA, test) && s.HasStrike(kStrikeB, test);
+    case GrfStrikes::kA:
+      return s.HasStrike(kStrikeA, test);
+    case GrfStrikes::kB:
+      return s.HasStrike(kStrikeB, test);
+    case GrfStrikes::kP:
+      return s.HasStrike(kStrikeP, test);
+    case GrfStrikes::kAB:
+      return s.HasStrike(kStrikeA, test) && s.HasStrike(kStrikeB, test);
   }
   return false;
 }
@@ -144,7 +149,8 @@ std::string CutEnding(const std::string& name, std::string_view lower_ending) {
   return name;
 }
 
-std::string StrikeFileName(const std::string& stem, float depth_m, int kind, int test, std::string_view ending) {
+std::string StrikeFileName(const std::string& stem, float depth_m, int kind, int test,
+                           std::string_view ending) {
   std::string name = stem + "_";
   AppendNumber(name, depth_m, "000.00");
   name += "m";
@@ -252,7 +258,9 @@ std::string RenderGrfFile(const SeismicStore& s, int test, const GrfOptions& opt
   int kinds[2] = {kStrikeA, kStrikeB};
   int curves = 2;
   if (options.strikes != GrfStrikes::kAB) {
-    kinds[0] = options.strikes == GrfStrikes::kA ? kStrikeA : options.strikes == GrfStrikes::kB ? kStrikeB : kStrikeP;
+    kinds[0] = options.strikes == GrfStrikes::kA   ? kStrikeA
+               : options.strikes == GrfStrikes::kB ? kStrikeB
+                                                   : kStrikeP;
     curves = 1;
   }
   const bool log = s.AcquisitionFamily == kSlgFamily;
@@ -260,8 +268,8 @@ std::string RenderGrfFile(const SeismicStore& s, int test, const GrfOptions& opt
     if (log) {
       const int count = s.SampleCount[1];
       const int column = LogColumn(kinds[c]);
-      AppendCurve(out, count, count > 0 ? s.LogTime(std::min(count, kMaxLogSamples)) : 0.0, options.alternating,
-                  [&](int k) { return LogValue(s, column, k); });
+      AppendCurve(out, count, count > 0 ? s.LogTime(std::min(count, kMaxLogSamples)) : 0.0,
+                  options.alternating, [&](int k) { return LogValue(s, column, k); });
     } else {
       const int slot = StrikeSlot(kinds[c], test);
       const int count = s.SampleCount[slot];
@@ -298,8 +306,8 @@ std::string RenderGrfFile(const SeismicStore& s, int test, const GrfOptions& opt
   return out;
 }
 
-GrfExportOutcome ExportSeismicGrf(const SeismicStore& s, const SeismicExportBoxes& boxes, const GrfOptions& options,
-                                  UserPrompts& prompts) {
+GrfExportOutcome ExportSeismicGrf(const SeismicStore& s, const SeismicExportBoxes& boxes,
+                                  const GrfOptions& options, UserPrompts& prompts) {
   if (!CheckExportBoxes(boxes, prompts)) return GrfExportOutcome::kEmptyBox;
   // A log is one record: one round, whatever its count of seconds.
   const int last = s.AcquisitionFamily == kSlgFamily ? 1 : s.TestCount;
@@ -307,7 +315,8 @@ GrfExportOutcome ExportSeismicGrf(const SeismicStore& s, const SeismicExportBoxe
   if (s.AcquisitionFamily != kSlgFamily) grf.alternating = false;
   for (int i = 1; i <= last; ++i) {
     if (!HasWanted(s, i, grf.strikes)) {
-      if (prompts.Ask(GrfMissingStrikeQuestion(i, s.TestDepth[i], grf), Buttons::kOkCancel) == Answer::kCancel) {
+      if (prompts.Ask(GrfMissingStrikeQuestion(i, s.TestDepth[i], grf), Buttons::kOkCancel) ==
+          Answer::kCancel) {
         prompts.Tell(kConversionCanceled);
         return GrfExportOutcome::kCanceled;
       }

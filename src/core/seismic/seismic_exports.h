@@ -32,7 +32,8 @@ bool CheckExportBoxes(const SeismicExportBoxes& boxes, UserPrompts& prompts);
 std::string CutEnding(const std::string& name, std::string_view lower_ending);
 
 // "SITE_004.50m_L_strike(007).txt": the stem, the depth, the strike (L, R or P for A, B, P), the test.
-std::string StrikeFileName(const std::string& stem, float depth_m, int kind, int test, std::string_view ending);
+std::string StrikeFileName(const std::string& stem, float depth_m, int kind, int test,
+                           std::string_view ending);
 
 // The width of the sounding name in a strike file: 50 for the exports of all tests, 20 for the
 // workbench's single test.

@@ -65,9 +65,10 @@ void SeismicExportDialog::OnOk(std::function<bool()> export_files) {
   });
 }
 
-FrmExportSeismicTXT::FrmExportSeismicTXT(const Session& session, const SeismicStore& store, UserPrompts& prompts,
-                                         QWidget* parent)
-    : SeismicExportDialog(store, prompts, "frmExportSeismicTXT", "EXPORT SEISMIC TEXT FILES", "txtFileName", parent) {
+FrmExportSeismicTXT::FrmExportSeismicTXT(const Session& session, const SeismicStore& store,
+                                         UserPrompts& prompts, QWidget* parent)
+    : SeismicExportDialog(store, prompts, "frmExportSeismicTXT", "EXPORT SEISMIC TEXT FILES", "txtFileName",
+                          parent) {
   const std::string data_directory = session.Paths().data_directory;
   chkIncludeHeader = Named(new QCheckBox("INCLUDE HEADER", this), "chkIncludeHeader");
   chkIncludeHeader->setChecked(ReadTxtHeaderSetting(data_directory));
@@ -81,25 +82,29 @@ FrmExportSeismicTXT::FrmExportSeismicTXT(const Session& session, const SeismicSt
 }
 
 FrmExportSeismicCSV::FrmExportSeismicCSV(const SeismicStore& store, UserPrompts& prompts, QWidget* parent)
-    : SeismicExportDialog(store, prompts, "frmExportSeismicCSV", "EXPORT SEISMIC CSV FILES", "txtFileName", parent) {
+    : SeismicExportDialog(store, prompts, "frmExportSeismicCSV", "EXPORT SEISMIC CSV FILES", "txtFileName",
+                          parent) {
   OnOk([this] { return ExportSeismicCsv(store_, Boxes(), prompts_); });
 }
 
-FrmExportSingleSeismicTXT::FrmExportSingleSeismicTXT(const SeismicStore& store, int test, UserPrompts& prompts,
-                                                     QWidget* parent)
-    : SeismicExportDialog(store, prompts, "frmExportSingleSeismicTXT", "EXPORT TEST AS TEXT", "txtFileName", parent) {
+FrmExportSingleSeismicTXT::FrmExportSingleSeismicTXT(const SeismicStore& store, int test,
+                                                     UserPrompts& prompts, QWidget* parent)
+    : SeismicExportDialog(store, prompts, "frmExportSingleSeismicTXT", "EXPORT TEST AS TEXT", "txtFileName",
+                          parent) {
   OnOk([this, test] { return ExportSingleSeismicText(store_, test, Boxes(), prompts_); });
 }
 
-FrmExportSingleSeismicCSV::FrmExportSingleSeismicCSV(const SeismicStore& store, int test, UserPrompts& prompts,
-                                                     QWidget* parent)
-    : SeismicExportDialog(store, prompts, "frmExportSingleSeismicCSV", "EXPORT TEST AS CSV", "txtFileName", parent) {
+FrmExportSingleSeismicCSV::FrmExportSingleSeismicCSV(const SeismicStore& store, int test,
+                                                     UserPrompts& prompts, QWidget* parent)
+    : SeismicExportDialog(store, prompts, "frmExportSingleSeismicCSV", "EXPORT TEST AS CSV", "txtFileName",
+                          parent) {
   OnOk([this, test] { return ExportSingleSeismicCsv(store_, test, Boxes(), prompts_); });
 }
 
-FrmExportSeismicGRF::FrmExportSeismicGRF(const Session& session, const SeismicStore& store, UserPrompts& prompts,
-                                         QWidget* parent)
-    : SeismicExportDialog(store, prompts, "frmExportSeismicGRF", "EXPORT GRF FILES", "txtFilenameForGRF", parent) {
+FrmExportSeismicGRF::FrmExportSeismicGRF(const Session& session, const SeismicStore& store,
+                                         UserPrompts& prompts, QWidget* parent)
+    : SeismicExportDialog(store, prompts, "frmExportSeismicGRF", "EXPORT GRF FILES", "txtFilenameForGRF",
+                          parent) {
   txtFilenameForGRF = txtFileName;
   auto* strikes = new QGroupBox("STRIKES", this);
   auto* strike_rows = new QVBoxLayout(strikes);

@@ -46,7 +46,8 @@ class SeismicExportDialog : public QDialog {
 class FrmExportSeismicTXT : public SeismicExportDialog {
   Q_OBJECT
  public:
-  FrmExportSeismicTXT(const Session& session, const SeismicStore& store, UserPrompts& prompts, QWidget* parent = nullptr);
+  FrmExportSeismicTXT(const Session& session, const SeismicStore& store, UserPrompts& prompts,
+                      QWidget* parent = nullptr);
   QCheckBox* chkIncludeHeader;
 };
 
@@ -61,13 +62,15 @@ class FrmExportSeismicCSV : public SeismicExportDialog {
 class FrmExportSingleSeismicTXT : public SeismicExportDialog {
   Q_OBJECT
  public:
-  FrmExportSingleSeismicTXT(const SeismicStore& store, int test, UserPrompts& prompts, QWidget* parent = nullptr);
+  FrmExportSingleSeismicTXT(const SeismicStore& store, int test, UserPrompts& prompts,
+                            QWidget* parent = nullptr);
 };
 
 class FrmExportSingleSeismicCSV : public SeismicExportDialog {
   Q_OBJECT
  public:
-  FrmExportSingleSeismicCSV(const SeismicStore& store, int test, UserPrompts& prompts, QWidget* parent = nullptr);
+  FrmExportSingleSeismicCSV(const SeismicStore& store, int test, UserPrompts& prompts,
+                            QWidget* parent = nullptr);
 };
 
 // frmExportSeismicGRF: one graph file per test of the chosen strike(s); a log offers every or every
@@ -75,7 +78,8 @@ class FrmExportSingleSeismicCSV : public SeismicExportDialog {
 class FrmExportSeismicGRF : public SeismicExportDialog {
   Q_OBJECT
  public:
-  FrmExportSeismicGRF(const Session& session, const SeismicStore& store, UserPrompts& prompts, QWidget* parent = nullptr);
+  FrmExportSeismicGRF(const Session& session, const SeismicStore& store, UserPrompts& prompts,
+                      QWidget* parent = nullptr);
   // The file name box under its name in this dialog.
   QLineEdit* txtFilenameForGRF;
   QRadioButton* optExportAStrikes;
