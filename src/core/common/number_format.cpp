@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
 
 namespace marlview {
@@ -214,6 +215,21 @@ void AppendNumber(std::string& out, double value, std::string_view pattern) {
     return;
   }
   if (!pattern.empty() && pattern.back() == '!') pattern.remove_suffix(1);
+  // A whole number in a pattern of zeros only ("00000"): the seismic files write millions of raw
+  // samples so. The digits are the same as the general path gives, zeros in front, none cut.
+  if (!pattern.empty() && value >= 0 && value < 4294967296.0 && value == std::floor(value) &&
+      pattern.find_first_not_of('0') == std::string_view::npos) {
+    auto whole = static_cast<uint32_t>(value);
+    char digits[16];
+    int count = 0;
+    do {
+      digits[count++] = static_cast<char>('0' + whole % 10);
+      whole /= 10;
+    } while (whole != 0);
+    if (count < static_cast<int>(pattern.size())) out.append(pattern.size() - static_cast<size_t>(count), '0');
+    while (count > 0) out.push_back(digits[--count]);
+    return;
+  }
   if (pattern.empty()) {
     // Zero loses its sign, as "-0" would only confuse a reader.
     if (value == 0) value = 0;

@@ -69,17 +69,8 @@ void AppendStrikeList(std::string& out, const SeismicStore& s, int i) {
   if (s.HasStrike(kStrikeP, i)) out += !named ? "Z" : "Z(PGEO)";
 }
 
-// A raw sample: a whole number held within its field ("00000" or "0000"), written digit by digit
-// as the formatter renders it, since a full set carries sixteen million of them.
-void AppendRaw(std::string& out, double raw, int width) {
-  auto value = static_cast<uint32_t>(raw);
-  char digits[8];
-  for (int k = width - 1; k >= 0; --k) {
-    digits[k] = static_cast<char>('0' + value % 10);
-    value /= 10;
-  }
-  out.append(digits, static_cast<size_t>(width));
-}
+// A raw sample: a whole number held within its field, "00000" or "0000".
+void AppendRaw(std::string& out, double raw, int width) { AppendNumber(out, raw, width == 5 ? "00000" : "0000"); }
 
 // Room for the whole file at once: each sample takes width characters.
 void Reserve(std::string& out, const SeismicStore& s, int width) {
