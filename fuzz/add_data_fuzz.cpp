@@ -8,16 +8,9 @@
 #include "core/session/session.h"
 #include "core/shell/add_data.h"
 
-namespace {
+#include "fuzz_support.h"
 
-class QuietPrompts : public marlview::UserPrompts {
- public:
-  void Tell(std::string_view) override {}
-  marlview::Answer Ask(std::string_view, marlview::Buttons) override { return marlview::Answer::kNo; }
-  std::string Input(std::string_view, std::string_view, std::string_view d) override { return std::string(d); }
-  std::string OpenFile(const marlview::FileDialogRequest&) override { return {}; }
-  std::string SaveFile(const marlview::FileDialogRequest&) override { return {}; }
-};
+namespace {
 
 // A sounding of 200 readings, 2 cm apart, with three measured channels.
 marlview::Session& FuzzSession() {
@@ -38,7 +31,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   marlview::Session& session = FuzzSession();
   session.Sounding().ChannelCount = session.Sounding().TotalChannels = 3;
   session.DepthUnitIsMetric = size > 0 && (data[0] & 1) ? 0 : 1;
-  QuietPrompts prompts;
+  marlview::fuzz::FuzzPrompts prompts(marlview::Answer::kNo);
   try {
     marlview::AddChannelFromText(session, std::string_view(reinterpret_cast<const char*>(data), size),
                                  "FUZZ.vss", prompts);

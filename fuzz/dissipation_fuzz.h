@@ -12,17 +12,9 @@
 #include "core/model/unit_tables.h"
 #include "core/presentation/recording_surface.h"
 #include "core/session/session.h"
+#include "fuzz_support.h"
 
 namespace marlview::fuzz {
-
-inline Session& FuzzSession() {
-  static Session* session = [] {
-    auto* s = new Session({"/nonexistent", MARLVIEW_DEFAULTS});
-    SetupTYRChannels(s->units, MARLVIEW_DEFAULTS, s->FeetPerMetre);
-    return s;
-  }();
-  return *session;
-}
 
 inline void ReadAndPlot(int16_t kind, const uint8_t* data, size_t size) {
   Session& session = FuzzSession();

@@ -10,16 +10,9 @@
 #include "core/seismic/seismic_readers.h"
 #include "core/session/seismic_store.h"
 
-namespace {
+#include "fuzz_support.h"
 
-class SilentPrompts : public marlview::UserPrompts {
- public:
-  void Tell(std::string_view) override {}
-  marlview::Answer Ask(std::string_view, marlview::Buttons) override { return marlview::Answer::kYes; }
-  std::string Input(std::string_view, std::string_view, std::string_view d) override { return std::string(d); }
-  std::string OpenFile(const marlview::FileDialogRequest&) override { return {}; }
-  std::string SaveFile(const marlview::FileDialogRequest&) override { return {}; }
-};
+namespace {
 
 marlview::SeismicStore& Store() {
   static auto* store = new marlview::SeismicStore();
@@ -51,7 +44,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
       if (end == std::string::npos) break;
       begin = end + 1;
     }
-    SilentPrompts prompts;
+    marlview::fuzz::FuzzPrompts prompts;
     marlview::ReadFldacqFiles(files, "FUZZ000", 3.28084f, store, prompts);
 #endif
   } catch (const marlview::RuntimeFailure&) {

@@ -297,8 +297,8 @@ void WriteChannelsCsv(const SoundingStore& s, const ChannelTableView& o, std::os
 
 int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
            const std::string& program_directory) {
-  if (IsSeismicCommand(args)) return RunSeismic(args, out, err, program_directory);
-  if (IsEditCommand(args)) return RunEdit(args, out, err, program_directory);
+  if (IsSubcommand(args, "seismic")) return RunSeismic(args, out, err, program_directory);
+  if (IsSubcommand(args, "edit")) return RunEdit(args, out, err, program_directory);
   Options options;
   try {
     options = Parse(args);

@@ -195,18 +195,6 @@ void Apply(Session& session, CliPrompts& prompts, const EditOperation& op, bool 
 
 }  // namespace
 
-bool IsEditCommand(const std::vector<std::string>& args) {
-  for (size_t i = 0; i < args.size(); ++i) {
-    if (GlobalOptionTakesValue(args[i])) {
-      ++i;
-      continue;
-    }
-    if (args[i].starts_with("--")) continue;
-    return args[i] == "edit";
-  }
-  return false;
-}
-
 int RunEdit(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
             const std::string& program_directory) {
   EditOptions options;

@@ -8,8 +8,6 @@
 
 namespace marlview {
 
-// Whether the command line's subcommand is edit.
-bool IsEditCommand(const std::vector<std::string>& args);
 // Exit status: 0 done, 1 the program reported an error, 2 bad usage (nothing saved).
 int RunEdit(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
             const std::string& program_directory);

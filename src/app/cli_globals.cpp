@@ -53,4 +53,16 @@ bool GlobalOptionTakesValue(const std::string& a) {
   return std::find(std::begin(kValueOptions), std::end(kValueOptions), a) != std::end(kValueOptions);
 }
 
+bool IsSubcommand(const std::vector<std::string>& args, std::string_view name) {
+  for (size_t i = 0; i < args.size(); ++i) {
+    if (GlobalOptionTakesValue(args[i])) {
+      ++i;
+      continue;
+    }
+    if (args[i].starts_with("--")) continue;
+    return args[i] == name;
+  }
+  return false;
+}
+
 }  // namespace marlview

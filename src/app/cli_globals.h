@@ -5,6 +5,8 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "app/cli_prompts.h"
 
@@ -30,5 +32,7 @@ bool ParseGlobalOption(const std::string& a, const std::function<const std::stri
                        GlobalOptions& options);
 // Whether a is a global option followed by a value, so a scan for the subcommand steps over both.
 bool GlobalOptionTakesValue(const std::string& a);
+// Whether the command line's subcommand, its first word that is no option, is name.
+bool IsSubcommand(const std::vector<std::string>& args, std::string_view name);
 
 }  // namespace marlview

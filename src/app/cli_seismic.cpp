@@ -561,18 +561,6 @@ void Apply(Session& session, SeismicController& c, SeismicCliPrompts& prompts, c
 
 }  // namespace
 
-bool IsSeismicCommand(const std::vector<std::string>& args) {
-  for (size_t i = 0; i < args.size(); ++i) {
-    if (GlobalOptionTakesValue(args[i])) {
-      ++i;
-      continue;
-    }
-    if (args[i].starts_with("--")) continue;
-    return args[i] == "seismic";
-  }
-  return false;
-}
-
 int RunSeismic(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
                const std::string& program_directory) {
   SeismicOptions options;

@@ -7,8 +7,6 @@
 
 namespace marlview {
 
-// Whether the command line's subcommand is "seismic" (the first word that is no global option).
-bool IsSeismicCommand(const std::vector<std::string>& args);
 // Exit status: 0 done, 1 the program reported an error, 2 bad usage.
 int RunSeismic(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
                const std::string& program_directory);

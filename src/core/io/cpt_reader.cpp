@@ -423,13 +423,7 @@ ReadOutcome ReadCptSounding(std::string_view bytes, const std::string& path, Ses
 }
 
 ReadOutcome OpenCptSounding(Session& session, UserPrompts& prompts, const std::string& path) {
-  return InProcedure("OpenCptSounding", [&] {
-    const std::string bytes = ReadWholeFile(path);
-    SoundingStore& spare = session.SpareStore();
-    const ReadOutcome outcome = ReadCptSounding(bytes, path, session, spare, prompts);
-    if (outcome == ReadOutcome::kLoaded) session.CommitSounding();
-    return outcome;
-  });
+  return OpenSoundingWith(ReadCptSounding, "OpenCptSounding", session, prompts, path);
 }
 
 }  // namespace marlview

@@ -696,13 +696,7 @@ void ReadAppendedDatReadings(std::string_view bytes, int skip, float depth_base,
 }
 
 ReadOutcome OpenDatSounding(Session& session, UserPrompts& prompts, const std::string& path) {
-  return InProcedure("OpenDatSounding", [&] {
-    const std::string bytes = ReadWholeFile(path);
-    SoundingStore& spare = session.SpareStore();
-    const ReadOutcome outcome = ReadDatSounding(bytes, path, session, spare, prompts);
-    if (outcome == ReadOutcome::kLoaded) session.CommitSounding();
-    return outcome;
-  });
+  return OpenSoundingWith(ReadDatSounding, "OpenDatSounding", session, prompts, path);
 }
 
 }  // namespace marlview
