@@ -20,6 +20,7 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <array>
 #include <string>
 #include <utility>
 
@@ -344,15 +345,7 @@ void FrmEdit::Connect() {
     Handle("scrColumns_Change", [&] { editor_.SetFirstColumn(first); });
   });
 
-  const std::pair<QLineEdit*, HeaderBox> headers[] = {
-      {txtFilename, HeaderBox::kFilename}, {txtDate, HeaderBox::kDate},
-      {txtTime, HeaderBox::kTime},         {txtCompany, HeaderBox::kCompany},
-      {txtCrew, HeaderBox::kCrew},         {txtDASID, HeaderBox::kDasId},
-      {txtClient, HeaderBox::kClient},     {txtClientRep, HeaderBox::kClientRep},
-      {txtComments, HeaderBox::kComments}, {txtGPSLat, HeaderBox::kGpsLat},
-      {txtGPSLon, HeaderBox::kGpsLon},     {txtGPSElev, HeaderBox::kGpsElev},
-      {txtGPSNSat, HeaderBox::kGpsNSat},   {txtStartDepth, HeaderBox::kStartDepth}};
-  for (const auto& [edit, field] : headers) {
+  for (const auto& [edit, field] : HeaderBoxes()) {
     connect(edit, &QLineEdit::textEdited, this, [this, field = field](const QString& text) {
       if (filling_) return;
       RunGuarded(prompts_, "txtHeader_Change", [&] { editor_.SetHeaderText(field, text.toStdString()); });
@@ -476,18 +469,20 @@ void FrmEdit::Refill() {
   ShowView();
 }
 
+std::array<std::pair<QLineEdit*, HeaderBox>, 14> FrmEdit::HeaderBoxes() const {
+  return {{{txtFilename, HeaderBox::kFilename},   {txtDate, HeaderBox::kDate},
+           {txtTime, HeaderBox::kTime},           {txtCompany, HeaderBox::kCompany},
+           {txtCrew, HeaderBox::kCrew},           {txtDASID, HeaderBox::kDasId},
+           {txtClient, HeaderBox::kClient},       {txtClientRep, HeaderBox::kClientRep},
+           {txtComments, HeaderBox::kComments},   {txtGPSLat, HeaderBox::kGpsLat},
+           {txtGPSLon, HeaderBox::kGpsLon},       {txtGPSElev, HeaderBox::kGpsElev},
+           {txtGPSNSat, HeaderBox::kGpsNSat},     {txtStartDepth, HeaderBox::kStartDepth}}};
+}
+
 void FrmEdit::FillHeader() {
   filling_ = true;
   setWindowTitle(ToQString(editor_.Caption()));
-  const std::pair<QLineEdit*, HeaderBox> headers[] = {
-      {txtFilename, HeaderBox::kFilename}, {txtDate, HeaderBox::kDate},
-      {txtTime, HeaderBox::kTime},         {txtCompany, HeaderBox::kCompany},
-      {txtCrew, HeaderBox::kCrew},         {txtDASID, HeaderBox::kDasId},
-      {txtClient, HeaderBox::kClient},     {txtClientRep, HeaderBox::kClientRep},
-      {txtComments, HeaderBox::kComments}, {txtGPSLat, HeaderBox::kGpsLat},
-      {txtGPSLon, HeaderBox::kGpsLon},     {txtGPSElev, HeaderBox::kGpsElev},
-      {txtGPSNSat, HeaderBox::kGpsNSat},   {txtStartDepth, HeaderBox::kStartDepth}};
-  for (const auto& [edit, field] : headers) SetTextIfChanged(edit, ToQString(editor_.HeaderText(field)));
+  for (const auto& [edit, field] : HeaderBoxes()) SetTextIfChanged(edit, ToQString(editor_.HeaderText(field)));
   const QString weather = ToQString(editor_.HeaderText(HeaderBox::kWeather));
   if (cmbWeather->count() != 1 || cmbWeather->currentText() != weather) {
     cmbWeather->clear();

@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <array>
 #include <functional>
+#include <utility>
 
 #include "core/common/user_prompts.h"
 #include "core/editing/editor.h"
@@ -121,6 +122,8 @@ class FrmEdit : public QMainWindow {
   // After a change to the sounding: the editor counts it, the grid and the other windows follow.
   void SoundingChanged();
   // The caption and the header boxes from the sounding.
+  // Each header box with the field it shows.
+  std::array<std::pair<QLineEdit*, HeaderBox>, 14> HeaderBoxes() const;
   void FillHeader();
   // The texts around the grid, the slots and the menus' checks, without rebuilding the grid.
   void ShowView();
