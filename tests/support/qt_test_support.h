@@ -10,10 +10,31 @@
 #include <QTimer>
 #include <QtTest>
 #include <functional>
+#include <memory>
 
 #include "core/common/user_prompts.h"
+#include "support/test_support.h"
+#include "ui/shell/form1.h"
 
 namespace marlview::test {
+
+// Each window test function starts from a fresh session and its main window, shown.
+class MainWindowTest {
+ protected:
+  bool StartMainWindow() {
+    t_ = std::make_unique<TestSession>();
+    form_ = std::make_unique<Form1>(*t_->session, t_->prompts);
+    form_->show();
+    return QTest::qWaitForWindowExposed(form_.get());
+  }
+  void StopMainWindow() {
+    form_.reset();
+    t_.reset();
+  }
+
+  std::unique_ptr<TestSession> t_;
+  std::unique_ptr<Form1> form_;
+};
 
 // A radio button takes a click on its circle or its caption only, not on the rest of its width.
 inline void ClickOption(QRadioButton* option) {

@@ -20,7 +20,7 @@
 using marlview::FrmSetOrderedECPTemplate;
 using marlview::FrmSoundingECPData;
 
-class EcpWindowTest : public QObject {
+class EcpWindowTest : public QObject, protected marlview::test::MainWindowTest {
   Q_OBJECT
 
  private:
@@ -38,20 +38,9 @@ class EcpWindowTest : public QObject {
     return window->grdData->HeadingText(column);
   }
 
-  std::unique_ptr<marlview::test::TestSession> t_;
-  std::unique_ptr<marlview::Form1> form_;
-
  private slots:
-  void init() {
-    t_ = std::make_unique<marlview::test::TestSession>();
-    form_ = std::make_unique<marlview::Form1>(*t_->session, t_->prompts);
-    form_->show();
-    QVERIFY(QTest::qWaitForWindowExposed(form_.get()));
-  }
-  void cleanup() {
-    form_.reset();
-    t_.reset();
-  }
+  void init() { QVERIFY(StartMainWindow()); }
+  void cleanup() { StopMainWindow(); }
 
   void unitButtonsChangeThePressureColumnsAndAreKept() {
     FrmSoundingECPData* window = OpenEcp();

@@ -28,7 +28,7 @@
 using marlview::Form2;
 using marlview::FrmT50Utility;
 
-class Form2Test : public QObject {
+class Form2Test : public QObject, protected marlview::test::MainWindowTest {
   Q_OBJECT
 
  private:
@@ -59,20 +59,9 @@ class Form2Test : public QObject {
   }
   marlview::Session& S() { return *t_->session; }
 
-  std::unique_ptr<marlview::test::TestSession> t_;
-  std::unique_ptr<marlview::Form1> form_;
-
  private slots:
-  void init() {
-    t_ = std::make_unique<marlview::test::TestSession>();
-    form_ = std::make_unique<marlview::Form1>(*t_->session, t_->prompts);
-    form_->show();
-    QVERIFY(QTest::qWaitForWindowExposed(form_.get()));
-  }
-  void cleanup() {
-    form_.reset();
-    t_.reset();
-  }
+  void init() { QVERIFY(StartMainWindow()); }
+  void cleanup() { StopMainWindow(); }
 
   void opensTheDemoFileAndAppliesTheSelectionRules() {
     marlview::DissipationPanel* panel = form_->frmDissipations;

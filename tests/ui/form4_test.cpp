@@ -35,7 +35,7 @@ double Number(const QLabel* label, bool* ok) {
 
 }  // namespace
 
-class Form4Test : public QObject {
+class Form4Test : public QObject, protected marlview::test::MainWindowTest {
   Q_OBJECT
 
  private:
@@ -61,20 +61,9 @@ class Form4Test : public QObject {
   }
   marlview::Session& S() { return *t_->session; }
 
-  std::unique_ptr<marlview::test::TestSession> t_;
-  std::unique_ptr<marlview::Form1> form_;
-
  private slots:
-  void init() {
-    t_ = std::make_unique<marlview::test::TestSession>();
-    form_ = std::make_unique<marlview::Form1>(*t_->session, t_->prompts);
-    form_->show();
-    QVERIFY(QTest::qWaitForWindowExposed(form_.get()));
-  }
-  void cleanup() {
-    form_.reset();
-    t_.reset();
-  }
+  void init() { QVERIFY(StartMainWindow()); }
+  void cleanup() { StopMainWindow(); }
 
   void opensAndDrawsTheChosenChannels() {
     Form4* plot = OpenPlot();

@@ -42,7 +42,7 @@ QString Cell(QListView* view, int row) {
 
 }  // namespace
 
-class FrmEditTest : public QObject {
+class FrmEditTest : public QObject, protected marlview::test::MainWindowTest {
   Q_OBJECT
 
  private:
@@ -88,20 +88,9 @@ class FrmEditTest : public QObject {
   marlview::SoundingStore& Store() { return t_->session->Sounding(); }
   float Graph(int row, int channel) { return Store().ChannelReadings(row, marlview::KindColumn(channel, 0)); }
 
-  std::unique_ptr<marlview::test::TestSession> t_;
-  std::unique_ptr<marlview::Form1> form_;
-
  private slots:
-  void init() {
-    t_ = std::make_unique<marlview::test::TestSession>();
-    form_ = std::make_unique<marlview::Form1>(*t_->session, t_->prompts);
-    form_->show();
-    QVERIFY(QTest::qWaitForWindowExposed(form_.get()));
-  }
-  void cleanup() {
-    form_.reset();
-    t_.reset();
-  }
+  void init() { QVERIFY(StartMainWindow()); }
+  void cleanup() { StopMainWindow(); }
 
   void opensOnTheDemoSoundingWithItsSlotsAndCaptions() {
     FrmEdit* editor = OpenEditor();

@@ -22,7 +22,7 @@
 
 using marlview::FrmPPData;
 
-class FrmPPDataTest : public QObject {
+class FrmPPDataTest : public QObject, protected marlview::test::MainWindowTest {
   Q_OBJECT
 
  private:
@@ -38,20 +38,9 @@ class FrmPPDataTest : public QObject {
     return list;
   }
 
-  std::unique_ptr<marlview::test::TestSession> t_;
-  std::unique_ptr<marlview::Form1> form_;
-
  private slots:
-  void init() {
-    t_ = std::make_unique<marlview::test::TestSession>();
-    form_ = std::make_unique<marlview::Form1>(*t_->session, t_->prompts);
-    form_->show();
-    QVERIFY(QTest::qWaitForWindowExposed(form_.get()));
-  }
-  void cleanup() {
-    form_.reset();
-    t_.reset();
-  }
+  void init() { QVERIFY(StartMainWindow()); }
+  void cleanup() { StopMainWindow(); }
 
   void showsTheSelectedTestAndSwitchesItsColumns() {
     FrmPPData* list = OpenList(1);

@@ -22,7 +22,7 @@
 
 using marlview::FrmSoundingData;
 
-class SoundingDataTest : public QObject {
+class SoundingDataTest : public QObject, protected marlview::test::MainWindowTest {
   Q_OBJECT
 
  private:
@@ -45,20 +45,9 @@ class SoundingDataTest : public QObject {
   QString Cell(FrmSoundingData* window, int row, int column) { return window->grdData->CellText(row, column); }
   QStringList Log() const { return marlview::test::LogOf(t_->prompts); }
 
-  std::unique_ptr<marlview::test::TestSession> t_;
-  std::unique_ptr<marlview::Form1> form_;
-
  private slots:
-  void init() {
-    t_ = std::make_unique<marlview::test::TestSession>();
-    form_ = std::make_unique<marlview::Form1>(*t_->session, t_->prompts);
-    form_->show();
-    QVERIFY(QTest::qWaitForWindowExposed(form_.get()));
-  }
-  void cleanup() {
-    form_.reset();
-    t_.reset();
-  }
+  void init() { QVERIFY(StartMainWindow()); }
+  void cleanup() { StopMainWindow(); }
 
   void listsEveryRowOfTheChosenChannels() {
     FrmSoundingData* window = OpenList();

@@ -20,7 +20,7 @@
 
 using marlview::FrmEnlargedTipGraph;
 
-class TipGraphWindowTest : public QObject {
+class TipGraphWindowTest : public QObject, protected marlview::test::MainWindowTest {
   Q_OBJECT
 
  private:
@@ -82,20 +82,9 @@ class TipGraphWindowTest : public QObject {
     return true;
   }
 
-  std::unique_ptr<marlview::test::TestSession> t_;
-  std::unique_ptr<marlview::Form1> form_;
-
  private slots:
-  void init() {
-    t_ = std::make_unique<marlview::test::TestSession>();
-    form_ = std::make_unique<marlview::Form1>(*t_->session, t_->prompts);
-    form_->show();
-    QVERIFY(QTest::qWaitForWindowExposed(form_.get()));
-  }
-  void cleanup() {
-    form_.reset();
-    t_.reset();
-  }
+  void init() { QVERIFY(StartMainWindow()); }
+  void cleanup() { StopMainWindow(); }
 
   void removesAndUndoesFromThePlotWindow() {
     OpenSounding();
