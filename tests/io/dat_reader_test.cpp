@@ -143,11 +143,12 @@ TEST_F(DatReaderTest, GpsIsSplitOnlyWithAHemisphereLetter) {
   EXPECT_EQ(store().GpsLon, "122.9157W");
   EXPECT_EQ(store().GpsElev, "4.2");
   EXPECT_EQ(store().GpsNSat, "9");
-  EXPECT_EQ(store().GpsQual, "2");
+  // The value runs up to the first " =>": of the two blanks before it, one stays with the quality.
+  EXPECT_EQ(store().GpsQual, "2 ");
 
   file.gps = "-36.84853,174.76333,12.5,7,1  => GPS Data (Lat, Lon, Elev, NSat, Qual)";
   ASSERT_EQ(Read(file), ReadOutcome::kLoaded);
-  EXPECT_EQ(store().GpsLine, "-36.84853,174.76333,12.5,7,1");
+  EXPECT_EQ(store().GpsLine, "-36.84853,174.76333,12.5,7,1 ");
   for (const std::string* piece : {&store().GpsLat, &store().GpsLon, &store().GpsElev, &store().GpsNSat,
                                    &store().GpsQual}) {
     EXPECT_EQ(*piece, "0");
@@ -156,7 +157,7 @@ TEST_F(DatReaderTest, GpsIsSplitOnlyWithAHemisphereLetter) {
   ASSERT_EQ(Read(file), ReadOutcome::kLoaded);
   EXPECT_EQ(store().GpsLat, "33.9S");
   EXPECT_EQ(store().GpsLon, "0");
-  EXPECT_EQ(store().GpsElev, "18.4E");
+  EXPECT_EQ(store().GpsElev, "18.4E ");
   EXPECT_EQ(store().GpsQual, "0");
 }
 

