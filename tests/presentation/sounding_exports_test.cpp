@@ -78,6 +78,18 @@ TEST_F(ExportTest, TablesWriteTheDepthFirstAndEachCellAsTheListShowsIt) {
 TEST_F(ExportTest, GinSectionsAndTheFieldsThatHaveTheirChannels) {
   Open(test::SimpleDat(3));
   test::ExpectGolden(GinExport(*t.session, GinUnit::kKpa), "presentation/simple_kpa.expected.gin");
+  // Every data row has as many fields as its field line names, in each unit.
+  for (GinUnit unit : {GinUnit::kPsi, GinUnit::kTsf, GinUnit::kKpa, GinUnit::kMpa}) {
+    const auto lines = Lines(GinExport(*t.session, unit));
+    const auto data = std::find(lines.begin(), lines.end(), "**CPTDATA");
+    ASSERT_NE(data, lines.end());
+    const auto fields = std::count(data[1].begin(), data[1].end(), ',');
+    int rows = 0;
+    for (auto row = data + 2; row != lines.end() && !row->empty(); ++row, ++rows) {
+      EXPECT_EQ(std::count(row->begin(), row->end(), ','), fields) << *row;
+    }
+    EXPECT_EQ(rows, s().ReadingCount);
+  }
   // Without pore pressure there is neither a PWP nor an effective overburden field.
   test::DatFile dry = test::SimpleDat(3);
   dry.channels.pop_back();

@@ -338,13 +338,14 @@ std::string GinExport(const Session& session, GinUnit unit) {
       field(pressure(r, s.PorePressureChannel),
             unit == GinUnit::kMpa ? "###0.00000" : fine ? "###0.0000" : "#######0.0000");
     }
+    // One field each: "0" then the mantissa pattern, so 12.34 reads 0.1234E+02.
     if (s.OverburdenChannel != 0) {
       out += ",0";
-      field(pressure(r, s.OverburdenChannel), ".0000E+00");
+      AppendNumber(out, pressure(r, s.OverburdenChannel), ".0000E+00");
     }
     if (s.EffOverburdenChannel != 0) {
       out += ",0";
-      field(pressure(r, s.EffOverburdenChannel), ".0000E+00");
+      AppendNumber(out, pressure(r, s.EffOverburdenChannel), ".0000E+00");
     }
     field(density, "###0.00");
     // The zone columns are written from the 1986 charts, whatever the field line names.
