@@ -215,12 +215,12 @@ int RunExport(Session& session, ShellController& controller, CliPrompts& prompts
                            : options.unit == "mpa" ? GinUnit::kMpa : GinUnit::kPsi;
       bytes = GinExport(session, unit);
     } else if (options.format == "ecp") {
-      // The ECP window's fixed arrangement, or the named channels in the order given.
+      // The ECP window's columns: the selection in its own order.
       EcpView view;
       view.unit = options.unit == "tsf" ? kEcpTsf : options.unit == "kpa" ? kEcpKpa
                   : options.unit == "mpa" ? kEcpMpa : kEcpPsi;
+      view.selection = exported.channels;
       ChooseEcpColumns(session, view);
-      if (!options.channel_names.empty()) view.channels = exported.channels;
       bytes = EcpExport(session, view);
     } else {
       bytes = CsvExport(session, exported, options.format);

@@ -7,6 +7,7 @@
 #include "core/common/file_access.h"
 #include "core/io/dat_reader.h"
 #include "core/presentation/ecp_list.h"
+#include "core/presentation/sounding_list.h"
 #include "core/session/session.h"
 #include "support/test_support.h"
 
@@ -26,17 +27,16 @@ class EcpListTest : public ::testing::Test {
   EcpView view;
 };
 
-TEST_F(EcpListTest, FixedColumnsFollowTheEcpOrderOfTheRoles) {
+TEST_F(EcpListTest, ColumnsAreTheSelectionInItsOwnOrder) {
   const SoundingStore& s = S();
+  // None chosen: the main window's available list, roles first.
   ASSERT_GE(view.channels.size(), 5u);
+  EXPECT_EQ(view.channels, DefaultListSelection(s));
   EXPECT_EQ(view.channels[0], s.TipChannel);
-  EXPECT_EQ(view.channels[1], s.TipQtChannel);
-  EXPECT_EQ(view.channels[2], s.SleeveChannel);
-  EXPECT_EQ(view.channels[3], s.PorePressureChannel);
-  // With a corrected tip the ratio is the one on Qt.
   EXPECT_EQ(view.channels[4], s.FrictionRatioQtChannel);
-  for (int c : view.channels) EXPECT_NE(c, s.FrictionRatioQcChannel);
-  EXPECT_EQ(view.channels, FixedEcpChannels(s));
+  view.selection = {s.HeadPressureChannel, s.SleeveChannel, s.TipChannel};
+  ChooseEcpColumns(*t.session, view);
+  EXPECT_EQ(view.channels, view.selection);
 }
 
 TEST_F(EcpListTest, PressuresComeFromTheChosenUnitsCopy) {
@@ -47,10 +47,11 @@ TEST_F(EcpListTest, PressuresComeFromTheChosenUnitsCopy) {
   view.unit = kEcpKpa;
   EXPECT_NEAR(Cell(20, tip) / psi, 6.895, 0.01);
   EXPECT_EQ(EcpUnitLabel(*t.session, view, tip), "(kPa)");
-  view.unit = kEcpMpa;  // the fine units keep four decimals
+  view.unit = kEcpMpa;  // in the channel's own pattern whatever the unit: three decimals here
   const std::string mpa = EcpCellText(*t.session, view, 20, tip);
-  EXPECT_EQ(mpa.size() - mpa.find('.'), 5u) << mpa;
-  // A channel outside the pressure group keeps its own unit label.
+  EXPECT_EQ(mpa.size() - mpa.find('.'), 4u) << mpa;
+  // Head pressure is a pressure too; a channel outside the group keeps its own unit label.
+  EXPECT_EQ(EcpUnitLabel(*t.session, view, S().HeadPressureChannel), "(MPa)");
   const int ratio = S().FrictionRatioQtChannel;
   EXPECT_EQ(EcpUnitLabel(*t.session, view, ratio), S().ChannelUnitLabel[ratio][kEcpOutput]);
 }

@@ -2,6 +2,7 @@
 // hand against the layouts: header blocks, tables, ECP and gIN in its pressure units.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/presentation/ecp_list.h"
@@ -94,6 +95,16 @@ TEST_F(ExportGoldenTest, KorvanFamilyBallTipAndUndefinedWaterTable) {
   test::ExpectGolden(Ecp(kEcpTsf), "presentation/korvan_tsf.expected.ecp");
   test::ExpectGolden(GinExport(*t.session, GinUnit::kPsi), "presentation/korvan_psi.expected.gin");
   test::ExpectGolden(GinExport(*t.session, GinUnit::kMpa), "presentation/korvan_mpa.expected.gin");
+  // Zones are numbers in the comma forms: no label (two of the 1990 ones hold a comma, as in this
+  // clay's zone 9) and no "<out of range>", so every row has as many fields as its heading.
+  ExportOptions zones{.channels = {s().Sbt83Channel, s().Sbt86FrChannel, s().Sbt86PpChannel, s().Sbt90QtChannel,
+                                   s().Sbt90BqChannel},
+                      .include_header = false};
+  for (const char* extension : {"csv", "cor"}) {
+    const std::string rows = CsvExport(*t.session, zones, extension);
+    EXPECT_EQ(std::count(rows.begin(), rows.end(), ','), 5 * (2 + kRows)) << rows;
+    EXPECT_EQ(rows.find('<'), std::string::npos) << rows;
+  }
 }
 
 TEST_F(ExportGoldenTest, ElevationFeetRawAndZoneOnlySelections) {

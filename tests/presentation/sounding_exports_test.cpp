@@ -63,7 +63,7 @@ TEST_F(ExportTest, TablesWriteTheDepthFirstAndEachCellAsTheListShowsIt) {
   const auto csv = Lines(CsvExport(*t.session, o, "csv"));
   EXPECT_EQ(csv[0], "Depth,Tip (Qc),SPT N*");
   EXPECT_EQ(csv[1], "(m),(psi),(blows/ft)");
-  EXPECT_EQ(csv[2], "-0.020,0.101,0");
+  EXPECT_EQ(csv[2], "-0.020,0.101,0.000");
   o.include_header = true;
   o.elevation = false;
   const auto with_header = Lines(CsvExport(*t.session, o, "csv"));

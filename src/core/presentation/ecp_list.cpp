@@ -10,6 +10,7 @@
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
 #include "core/presentation/sounding_exports.h"
+#include "core/presentation/sounding_list.h"
 #include "core/session/session.h"
 #include "core/settings/settings_files.h"
 
@@ -23,37 +24,10 @@ constexpr const char* kUnitFile = "Default ECP Units.txt";
 constexpr const char* kTemplateFile = "Ordered ECP Channels.txt";
 constexpr size_t kEcpTemplateLines = 52;
 constexpr const char* kUnitLabels[] = {"(psi)", "(tsf)", "(kPa)", "(MPa)"};
-// The coarse units (psi, kPa) keep three decimals, the fine ones (tsf, MPa) four.
-constexpr const char* kPressureFormats[] = {"######0.000", "####0.0000", "######0.000", "####0.0000"};
 
 int ValidUnit(int unit) { return unit >= kEcpPsi && unit <= kEcpMpa ? unit : kEcpPsi; }
 
-int ChannelNamed(const SoundingStore& s, const std::string& name) {
-  for (int c = 1; c <= s.TotalChannels; ++c) {
-    if (s.ChannelName[c] == name) return c;
-  }
-  return 0;
-}
-
-// Head pressure is a height of water: its copies hold feet with psi and tsf, metres otherwise.
-bool IsHead(const SoundingStore& s, int c) { return c != 0 && c == s.HeadPressureChannel; }
-
 }  // namespace
-
-std::vector<int> FixedEcpChannels(const SoundingStore& s) {
-  const int ratio = s.FrictionRatioQtChannel != 0 ? s.FrictionRatioQtChannel : s.FrictionRatioQcChannel;
-  const int roles[] = {s.TipChannel,          s.TipQtChannel,       s.SleeveChannel,        s.PorePressureChannel,
-                       ratio,                 s.HeadPressureChannel, s.OverburdenChannel,   s.EffOverburdenChannel,
-                       s.Sbt83Channel,        s.SptChannel,         s.Sbt86FrChannel,       s.Sbt86PpChannel,
-                       s.Sbt90QtChannel,      s.Sbt90BqChannel,     s.FrictionAngleChannel, s.ShearStrengthChannel,
-                       s.OcrChannel,          s.InclXChannel,       s.InclYChannel,         s.TemperatureChannel,
-                       ChannelNamed(s, "Push Speed")};
-  std::vector<int> channels;
-  for (int c : roles) {
-    if (c >= 1 && c <= s.TotalChannels) channels.push_back(c);
-  }
-  return channels;
-}
 
 std::vector<int> OrderedEcpChannels(const SoundingStore& s, const std::vector<std::string>& names) {
   std::vector<int> channels;
@@ -65,7 +39,11 @@ std::vector<int> OrderedEcpChannels(const SoundingStore& s, const std::vector<st
 
 void ChooseEcpColumns(const Session& session, EcpView& view) {
   const SoundingStore& s = session.Sounding();
-  view.channels = view.ordered ? OrderedEcpChannels(s, EcpTemplateNames(session)) : FixedEcpChannels(s);
+  if (view.ordered) {
+    view.channels = OrderedEcpChannels(s, EcpTemplateNames(session));
+  } else {
+    view.channels = view.selection.empty() ? DefaultListSelection(s) : view.selection;
+  }
 }
 
 bool IsEcpPressure(const SoundingStore& s, int c) { return c >= 1 && s.ChannelUnitGroup[c] == kPressureGroup; }
@@ -73,7 +51,6 @@ bool IsEcpPressure(const SoundingStore& s, int c) { return c >= 1 && s.ChannelUn
 std::string EcpUnitLabel(const Session& session, const EcpView& view, int c) {
   const SoundingStore& s = session.Sounding();
   const int unit = ValidUnit(view.unit);
-  if (IsHead(s, c)) return unit <= kEcpTsf ? "(ft)" : "(m)";
   if (IsEcpPressure(s, c)) return kUnitLabels[unit];
   return s.ChannelUnitLabel[c][kEcpOutput];
 }
@@ -89,7 +66,7 @@ void AppendEcpCell(std::string& out, const Session& session, const EcpView& view
   const SoundingStore& s = session.Sounding();
   if (IsEcpPressure(s, c)) {
     const int unit = ValidUnit(view.unit);
-    AppendNumber(out, s.AlignedFixedPressure[unit](row, c), kPressureFormats[unit]);
+    AppendNumber(out, s.AlignedFixedPressure[unit](row, c), NumberPattern(s, c, kEcpOutput));
   } else {
     AppendCellText(out, session, row, c, kEcpOutput, false);
   }

@@ -16,22 +16,23 @@ inline constexpr int kEcpPsi = 0, kEcpTsf = 1, kEcpKpa = 2, kEcpMpa = 3;
 struct EcpView {
   // The columns after the depth, in order.
   std::vector<int> channels;
+  // The main window's selection, in its order; none made takes the default list selection.
+  std::vector<int> selection;
   // Index of the fixed pressure copy the pressure columns come from.
   int unit = kEcpPsi;
-  // The user's template order rather than the fixed arrangement.
+  // The user's template order rather than the selection's.
   bool ordered = false;
 };
 
-// The fixed arrangement: each role the sounding has, in the ECP order.
-std::vector<int> FixedEcpChannels(const SoundingStore& s);
 // The sounding's channels whose names are in the template, in the sounding's channel order.
 std::vector<int> OrderedEcpChannels(const SoundingStore& s, const std::vector<std::string>& names);
-// Sets the view's columns from its arrangement.
+// Sets the view's columns: the template's channels, or the selection in its own order.
 void ChooseEcpColumns(const Session& session, EcpView& view);
 
 // Pressure channels are shown from the fixed-unit copies.
 bool IsEcpPressure(const SoundingStore& s, int channel);
-// The unit line of a column, "(psi)" and so on for a pressure in the chosen unit.
+// The unit line of a column, "(psi)" and so on for a pressure in the chosen unit, head pressure
+// included.
 std::string EcpUnitLabel(const Session& session, const EcpView& view, int channel);
 std::string EcpDepthText(const Session& session, int row);
 // A cell without the blanks the fixed-width file pads it with.

@@ -73,13 +73,35 @@ std::vector<int> WrittenChannels(const Session& session, const ExportOptions& o,
   return channels;
 }
 
+double CellValue(const SoundingStore& s, int r, int c, int kind, bool raw) {
+  // Derived channels exist only aligned.
+  const bool unaligned = raw && c <= s.ChannelCount;
+  return unaligned ? s.ChannelReadings(r, KindColumn(c, kind)) : s.AlignedReadings(r, KindColumn(c, kind));
+}
+
+// A cell of the csv and cor rows: the value in its kind's pattern. The list's texts (zones with
+// their chart labels, "<out of range>", SPT as a whole number) belong to the text form, and two
+// of the 1990 labels hold a comma that would split the row. Time has no value of its own, only
+// the clock of the reading.
+void AppendCommaCell(std::string& out, const Session& session, int r, int c, int kind, bool raw) {
+  const SoundingStore& s = session.Sounding();
+  if (c == s.TimeChannel && c != 0) {
+    out += TailClock(s.RowTail[r]);
+  } else {
+    AppendNumber(out, CellValue(s, r, c, kind, raw), NumberPattern(s, c, kind));
+  }
+}
+
 }  // namespace
+
+std::string_view NumberPattern(const SoundingStore& s, int channel, int kind) {
+  const std::string& pattern = s.ChannelFormat[channel][kind];
+  return pattern.empty() ? std::string_view("######0.000") : std::string_view(pattern);
+}
 
 void AppendCellText(std::string& out, const Session& session, int r, int c, int kind, bool raw) {
   const SoundingStore& s = session.Sounding();
-  // Derived channels exist only aligned.
-  const bool unaligned = raw && c <= s.ChannelCount;
-  const double v = unaligned ? s.ChannelReadings(r, KindColumn(c, kind)) : s.AlignedReadings(r, KindColumn(c, kind));
+  const double v = CellValue(s, r, c, kind, raw);
   const int chart = ZoneChart(s, c);
   if (chart >= 0) {
     const auto& labels = session.chart.SbtLabels[chart];
@@ -104,8 +126,7 @@ void AppendCellText(std::string& out, const Session& session, int r, int c, int 
   } else if (IsColour(s, c)) {
     AppendNumber(out, v, "#####0");
   } else {
-    const std::string& pattern = s.ChannelFormat[c][kind];
-    AppendNumber(out, v, pattern.empty() ? "######0.000" : pattern);
+    AppendNumber(out, v, NumberPattern(s, c, kind));
   }
 }
 
@@ -245,7 +266,7 @@ std::string CsvExport(const Session& session, const ExportOptions& o, const std:
     AppendNumber(out, Depth(session, r, o), "##0.000");
     for (int c : channels) {
       cell.clear();
-      AppendCellText(cell, session, r, c, kind, o.raw);
+      AppendCommaCell(cell, session, r, c, kind, o.raw);
       out += ',';
       out += TrimBlanks(cell);
     }

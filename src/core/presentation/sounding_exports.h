@@ -2,11 +2,13 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace marlview {
 
 class Session;
+class SoundingStore;
 
 struct ExportOptions {
   // The list's columns, in order (at most 30).
@@ -30,6 +32,9 @@ std::string TxtExport(const Session& session, const ExportOptions& options);
 // extension "csv" or "cor": the cor file has two empty lines after its header block.
 std::string CsvExport(const Session& session, const ExportOptions& options, const std::string& extension);
 std::string GinExport(const Session& session, GinUnit unit);
+
+// The channel's number pattern for an output kind; a channel without one shows three decimals.
+std::string_view NumberPattern(const SoundingStore& s, int channel, int kind);
 
 // A cell as the list shows it: a zone with its label, SPT as a whole number, the Munsell chip,
 // the time of the reading, or the value in the channel's format for the output kind.

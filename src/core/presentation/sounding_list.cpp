@@ -19,6 +19,8 @@ namespace marlview {
 namespace {
 
 constexpr int kMaxColumnWidth = 200;
+// A list shows at most this many channels.
+constexpr size_t kMaxListedChannels = 30;
 constexpr int kDepthColumnWidth = 10;
 constexpr double kPageMarginPoints = 36;
 constexpr double kPrintFontPoints = 8;
@@ -40,6 +42,32 @@ std::string Column(const std::string& text, int width) {
 }
 
 }  // namespace
+
+std::vector<int> AvailableChannelList(const SoundingStore& s) {
+  const int16_t roles[] = {s.TipChannel,    s.TipQtChannel,           s.SleeveChannel, s.PorePressureChannel,
+                           s.FrictionRatioQtChannel, s.InclXChannel, s.InclYChannel,  s.Sbt83Channel,
+                           s.FrictionRatioQcChannel, s.SptChannel};
+  std::vector<int> channels;
+  for (int16_t channel : roles) {
+    if (channel != 0 && std::find(channels.begin(), channels.end(), channel) == channels.end()) {
+      channels.push_back(channel);
+    }
+  }
+  const size_t listed_roles = channels.size();
+  for (int c = 1; c <= s.TotalChannels; ++c) {
+    const auto roles_end = channels.begin() + static_cast<long>(listed_roles);
+    if (std::find(channels.begin(), roles_end, c) != roles_end) continue;
+    if (ContainsNoCase(s.ChannelName[c], "Not Connected")) continue;
+    channels.push_back(c);
+  }
+  return channels;
+}
+
+std::vector<int> DefaultListSelection(const SoundingStore& s) {
+  std::vector<int> channels = AvailableChannelList(s);
+  if (channels.size() > kMaxListedChannels) channels.resize(kMaxListedChannels);
+  return channels;
+}
 
 std::vector<int> ListRows(const Session& session, const ListView& view) {
   const SoundingStore& s = session.Sounding();

@@ -12,7 +12,15 @@ namespace marlview {
 
 class PrintJob;
 class Session;
+class SoundingStore;
 struct ExportOptions;
+
+// The main window's list of channels to choose from: the main roles first (tip, corrected tip,
+// sleeve, pore pressure, the two friction ratios around the inclinations, SBT 1983, SPT), then
+// every other channel in table order, less those named "Not Connected".
+std::vector<int> AvailableChannelList(const SoundingStore& s);
+// The selection a list or an export takes when none is made: the available list, at most 30.
+std::vector<int> DefaultListSelection(const SoundingStore& s);
 
 struct ListView {
   // The columns after the depth, in order.

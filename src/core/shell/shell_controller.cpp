@@ -13,6 +13,7 @@
 #include "core/io/dat_reader.h"
 #include "core/seismic/seismic_open.h"
 #include "core/model/conversion.h"
+#include "core/presentation/sounding_list.h"
 #include "core/shell/add_data.h"
 #include "core/settings/settings_files.h"
 
@@ -163,28 +164,9 @@ void ShellController::FillSoundingInfo() {
                         (metric ? " (m)" : " (ft)");
 }
 
-// The roles come first, each once, then the other channels in channel order.
 void ShellController::PopulateChannelList() {
   const SoundingStore& s = session_.Sounding();
-  const int16_t roles[] = {s.TipChannel,    s.TipQtChannel, s.SleeveChannel,
-                           s.PorePressureChannel, s.FrictionRatioQtChannel, s.InclXChannel,
-                           s.InclYChannel,  s.Sbt83Channel, s.FrictionRatioQcChannel,
-                           s.SptChannel};
-  available_.clear();
-  for (int16_t channel : roles) {
-    if (channel != 0 && std::find(available_.begin(), available_.end(), channel) == available_.end()) {
-      available_.push_back(channel);
-    }
-  }
-  const size_t listed_roles = available_.size();
-  for (int c = 1; c <= s.TotalChannels; ++c) {
-    if (std::find(available_.begin(), available_.begin() + static_cast<long>(listed_roles), c) !=
-        available_.begin() + static_cast<long>(listed_roles)) {
-      continue;
-    }
-    if (ContainsNoCase(s.ChannelName[c], "Not Connected")) continue;
-    available_.push_back(c);
-  }
+  available_ = AvailableChannelList(s);
   view_.available_rows.clear();
   for (int channel : available_) view_.available_rows.push_back(s.ChannelName[channel]);
 }

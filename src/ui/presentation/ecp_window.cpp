@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <string>
+#include <utility>
 
 #include "core/presentation/sounding_exports.h"
 #include "core/presentation/sounding_list.h"
@@ -70,8 +71,10 @@ FrmSetOrderedECPTemplate::FrmSetOrderedECPTemplate(Session& session, UserPrompts
           [this] { RunGuarded(prompts_, "cmdCancel_Click", [&] { reject(); }); });
 }
 
-FrmSoundingECPData::FrmSoundingECPData(Session& session, UserPrompts& prompts, QWidget* parent)
+FrmSoundingECPData::FrmSoundingECPData(Session& session, UserPrompts& prompts, std::vector<int> selection,
+                                       QWidget* parent)
     : QMainWindow(parent), session_(session), prompts_(prompts) {
+  view_.selection = std::move(selection);
   setObjectName("frmSoundingECPData");
   setWindowTitle(ToQString("ECP DATA: " + session_.Sounding().SoundingFileName));
   session_.flags.EcpWindowOpen = true;

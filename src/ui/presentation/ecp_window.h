@@ -40,7 +40,8 @@ class FrmSoundingECPData : public QMainWindow {
   Q_OBJECT
 
  public:
-  FrmSoundingECPData(Session& session, UserPrompts& prompts, QWidget* parent = nullptr);
+  // selection: the main window's chosen channels, the columns of the plain ECP view.
+  FrmSoundingECPData(Session& session, UserPrompts& prompts, std::vector<int> selection, QWidget* parent = nullptr);
   ~FrmSoundingECPData() override;
 
   const EcpView& View() const { return view_; }

@@ -257,7 +257,7 @@ void Form1::CloseListWindow() {
 void Form1::OpenEcpWindow() {
   if (!controller_.ListEcp()) return;
   CloseEcpWindow();
-  ecp_window_ = std::make_unique<FrmSoundingECPData>(session_, prompts_, this);
+  ecp_window_ = std::make_unique<FrmSoundingECPData>(session_, prompts_, controller_.SelectedChannels(), this);
   ecp_window_->show();
 }
 
