@@ -200,6 +200,8 @@ bool ChooseChannels(ShellController& controller, const Options& options, size_t 
 int RunExport(Session& session, ShellController& controller, CliPrompts& prompts, const Options& options,
               std::ostream& err) {
   if (!ChooseChannels(controller, options, 30, err)) return 2;
+  // As the list's save: an existing file is kept unless the question is answered Yes (--yes).
+  if (FileExists(options.out) && prompts.Ask("File exists. Overwrite?", Buttons::kYesNo) != Answer::kYes) return 0;
   ExportOptions exported;
   exported.channels = controller.SelectedChannels();
   exported.include_header = !options.no_header;

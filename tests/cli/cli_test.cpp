@@ -99,9 +99,14 @@ TEST_F(CliTest, ExportWritesTheListsFiles) {
   EXPECT_EQ(Run({"export", file, "--format", "ecp", "--unit", "kpa", "-o", ecp}).status, 0);
   const std::string fixed = ReadWholeFile(ecp);
   EXPECT_TRUE(fixed.starts_with("CPT DATA\r\n"));
-  EXPECT_NE(fixed.find("Tip (Qt)"), std::string::npos) << "the fixed arrangement";
+  EXPECT_NE(fixed.find("Tip (Qt)"), std::string::npos) << "the main window's list";
   EXPECT_NE(fixed.find("(kPa)"), std::string::npos);
-  EXPECT_EQ(Run({"export", file, "--format", "ecp", "-o", ecp, "--channel", "Sleeve Friction"}).status, 0);
+  // An existing file stays unless the question is answered Yes.
+  const CliRun kept = Run({"export", file, "--format", "ecp", "-o", ecp, "--channel", "Sleeve Friction"});
+  EXPECT_EQ(kept.status, 0);
+  EXPECT_EQ(kept.err, "? File exists. Overwrite? -> No\n");
+  EXPECT_EQ(ReadWholeFile(ecp), fixed);
+  EXPECT_EQ(Run({"export", file, "--format", "ecp", "-o", ecp, "--channel", "Sleeve Friction", "--yes"}).status, 0);
   const std::string chosen = ReadWholeFile(ecp);
   EXPECT_EQ(chosen.find("Tip (Qt)"), std::string::npos) << "only the named channel";
   EXPECT_NE(chosen.find("(psi)"), std::string::npos);
