@@ -14,6 +14,7 @@
 #include "core/session/chart_data.h"
 #include "core/session/dissipation_set.h"
 #include "core/session/seismic_store.h"
+#include "core/session/verification_record.h"
 #include "core/settings/settings_files.h"
 
 namespace marlview {
@@ -115,6 +116,8 @@ class Session {
   std::string SoundingDirectory;
   int CurrentSlot = 0;
   std::string DissipationDirectory;
+  // The verification file on show.
+  VerificationRecord Verification;
 
  private:
   SessionPaths paths_;

@@ -16,6 +16,7 @@
 #include "core/presentation/sounding_list.h"
 #include "core/shell/add_data.h"
 #include "core/settings/settings_files.h"
+#include "core/verification/verification.h"
 
 namespace marlview {
 namespace {
@@ -62,8 +63,8 @@ void ShellController::ChooseMode(ProcessingMode mode) {
         NotAvailable("Video cone processing");
         break;
       case ProcessingMode::kVerification:
-        NotAvailable("Verification processing");
-        break;
+        ProcessVerification();
+        return;
       case ProcessingMode::kNone:
         break;
     }
@@ -85,6 +86,14 @@ void ShellController::ProcessSeismic() {
 }
 
 void ShellController::SeismicDone() { view_.seismic_open = false; }
+
+// As the seismic option: unchecked at once, the window opens only on a file that was read.
+void ShellController::ProcessVerification() {
+  view_.checked_mode = ProcessingMode::kNone;
+  view_.verification_open = OpenVerificationFile(session_, prompts_);
+}
+
+void ShellController::VerificationDone() { view_.verification_open = false; }
 
 void ShellController::ProcessSounding() {
   view_.test_type_visible = false;

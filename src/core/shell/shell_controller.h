@@ -33,6 +33,8 @@ struct ShellView {
   std::string sounding_info;
   // A seismic test set is open in the log window; the processing options wait until it closes.
   bool seismic_open = false;
+  // A verification file is open in its window; likewise.
+  bool verification_open = false;
 };
 
 class ShellController {
@@ -75,6 +77,8 @@ class ShellController {
   void NotAvailable(const std::string& what);
   // The log window's way back to the main window.
   void SeismicDone();
+  // The verification window's way back to the main window.
+  void VerificationDone();
 
   // The dissipation mode's list and buttons.
   DissipationController& Dissipations() { return dissipation_; }
@@ -84,6 +88,7 @@ class ShellController {
  private:
   void ProcessSounding();
   void ProcessSeismic();
+  void ProcessVerification();
   bool OpenSoundingFile();
   void PopulateChannelList();
   void BackToModeChoice();

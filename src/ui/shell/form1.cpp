@@ -24,6 +24,7 @@
 #include "ui/presentation/form4.h"
 #include "ui/presentation/sounding_data_window.h"
 #include "ui/seismic/seisform.h"
+#include "ui/verification/frm_verification.h"
 
 namespace marlview {
 namespace {
@@ -310,6 +311,17 @@ void Form1::ReturnFromSeismic() {
   Refresh();
 }
 
+void Form1::OpenVerificationWindow() {
+  verification_window_ = std::make_unique<FrmVerification>(session_, prompts_, [this] { ReturnFromVerification(); }, this);
+  verification_window_->show();
+}
+
+void Form1::ReturnFromVerification() {
+  controller_.VerificationDone();
+  if (verification_window_ != nullptr) verification_window_.release()->deleteLater();
+  Refresh();
+}
+
 void Form1::ReturnFromPlot() {
   ClosePlotWindow();
   Handle("mnuReturn_Click",
@@ -344,8 +356,9 @@ void Form1::Refresh() {
   modes_->setExclusive(true);
   mnuAddData->setEnabled(session_.SoundingOpen);
   frmDissipations->Refresh();
-  frmSelectTestType->setEnabled(!view.seismic_open);
+  frmSelectTestType->setEnabled(!view.seismic_open && !view.verification_open);
   if (view.seismic_open && seismic_window_ == nullptr) OpenSeismicWindow();
+  if (view.verification_open && verification_window_ == nullptr) OpenVerificationWindow();
   mnuSingleTest->setChecked(session_.SoundingSelectionMode == 0);
   mnuMultipleTests->setChecked(session_.SoundingSelectionMode == 1);
 }
