@@ -1,13 +1,16 @@
 // The dissipation subcommand of marlview-cli.
 #include "app/cli_dissipation.h"
 
+#include <algorithm>
 #include <charconv>
 #include <nlohmann/json.hpp>
 
+#include "app/cli_globals.h"
 #include "app/cli_prompts.h"
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
+#include "core/dissipation/dissipation_editor.h"
 #include "core/dissipation/dissipation_list.h"
 #include "core/dissipation/dissipation_plot.h"
 #include "core/dissipation/t50_utility.h"
@@ -153,6 +156,176 @@ int RunWholeFileExport(Session& session, CliPrompts& prompts, const DissipationO
   return 0;
 }
 
+constexpr const char* kOperations[] = {"--set",    "--pressure-unit", "--depth", "--adjust-depths",
+                                       "--delete-test", "--append",   "--header"};
+
+// A whole number, or nothing.
+std::optional<int> WholeNumber(std::string_view text) {
+  int value = 0;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (result.ec != std::errc() || result.ptr != text.data() + text.size()) return std::nullopt;
+  return value;
+}
+
+// The parts of an operation's value split at its first count colons; the last part keeps the rest.
+std::vector<std::string> SplitAtColons(const std::string& value, size_t count) {
+  std::vector<std::string> parts;
+  size_t start = 0;
+  while (parts.size() < count) {
+    const size_t colon = value.find(':', start);
+    if (colon == std::string::npos) break;
+    parts.push_back(value.substr(start, colon - start));
+    start = colon + 1;
+  }
+  parts.push_back(value.substr(start));
+  return parts;
+}
+
+std::optional<DissipationCell> CellOf(const std::string& column, bool px) {
+  if (column == "time") return DissipationCell::kTime;
+  if (column == "pressure") return DissipationCell::kPressure;
+  if (!px && column == "volts") return DissipationCell::kVolts;
+  if (!px && column == "psi") return DissipationCell::kPsi;
+  if (px && column == "raw") return DissipationCell::kRaw;
+  return std::nullopt;
+}
+
+// The syntax of an operation's value, before any file is open.
+std::string OperationSyntaxError(const DissipationOperation& op) {
+  const std::string& v = op.value;
+  if (op.option == "--set") {
+    const auto parts = SplitAtColons(v, 3);
+    if (parts.size() != 4 || !WholeNumber(parts[0]) || !WholeNumber(parts[1]) ||
+        (!CellOf(parts[2], false) && !CellOf(parts[2], true))) {
+      return "--set takes TEST:ROW:COLUMN:VALUE, COLUMN time, volts, psi, raw or pressure";
+    }
+  } else if (op.option == "--depth") {
+    const auto parts = SplitAtColons(v, 1);
+    if (parts.size() != 2 || !WholeNumber(parts[0])) return "--depth takes TEST:DEPTH";
+  } else if (op.option == "--adjust-depths") {
+    if (SplitAtColons(v, 1).size() != 2) return "--adjust-depths takes TOTAL:OBSERVED";
+  } else if (op.option == "--delete-test") {
+    if (!WholeNumber(v)) return "--delete-test takes a test number";
+  } else if (op.option == "--append") {
+    const size_t colon = v.rfind(':');
+    if (colon == std::string::npos || colon == 0) return "--append takes FILE2:OFFSET";
+  } else if (op.option == "--header") {
+    if (v.find('=') == std::string::npos) return "--header takes NAME=VALUE";
+  }
+  return {};
+}
+
+// A test number of the store as it stands, else bad usage.
+int CheckedTest(const DissipationSet& set, const std::string& text, const std::string& option) {
+  const std::optional<int> test = WholeNumber(text);
+  if (!test || *test < 1 || *test > set.DissipationCount) {
+    throw UsageError(option + ": test " + text + " is not one of the file's " +
+                     std::to_string(set.DissipationCount));
+  }
+  return *test;
+}
+
+// The entry of cmbPressureUnits of a unit name, else bad usage.
+int UnitChoice(const DissipationEditor& editor, const std::string& name) {
+  const auto units = editor.PressureUnits();
+  for (size_t u = 0; u < units.size(); ++u) {
+    if (units[u].name == name) return static_cast<int>(u);
+  }
+  for (size_t u = 0; u < units.size(); ++u) {
+    if (EqualsNoCase(units[u].name, name)) return static_cast<int>(u);
+  }
+  throw UsageError("--pressure-unit: " + name + " is no pressure unit of this file's editor");
+}
+
+// Runs one operation as the editor's control does. Its refusals are told and change nothing.
+void ApplyOperation(Session& session, DissipationEditor& editor, CliPrompts& prompts,
+                    const DissipationOperation& op) {
+  DissipationSet& set = session.Dissipation();
+  const bool px = set.FileKind == kPxDasDissipation;
+  if (op.option == "--set") {
+    const auto parts = SplitAtColons(op.value, 3);
+    const int test = CheckedTest(set, parts[0], op.option);
+    const std::optional<int> row = WholeNumber(parts[1]);
+    if (!row || *row < 1 || *row > set.RowCount[static_cast<size_t>(test)]) {
+      throw UsageError("--set: row " + parts[1] + " is not one of test " + parts[0] + "'s");
+    }
+    const std::optional<DissipationCell> cell = CellOf(parts[2], px);
+    if (!cell) throw UsageError("--set: " + parts[2] + " is no column of this file's editor");
+    editor.SelectTest(test);
+    editor.EditCell(test, *row, *cell, parts[3]);
+  } else if (op.option == "--pressure-unit") {
+    editor.ChangePressureUnit(UnitChoice(editor, op.value));
+  } else if (op.option == "--depth") {
+    const auto parts = SplitAtColons(op.value, 1);
+    editor.ChangeDepth(CheckedTest(set, parts[0], op.option), parts[1]);
+  } else if (op.option == "--adjust-depths") {
+    const auto parts = SplitAtColons(op.value, 1);
+    editor.AdjustDepths(parts[0], parts[1]);
+  } else if (op.option == "--delete-test") {
+    const int test = CheckedTest(set, op.value, op.option);
+    editor.SelectTest(test);
+    editor.DeleteTest(test);
+  } else if (op.option == "--append") {
+    if (px) throw UsageError("--append combines QRD FIELDBOX files only");
+    const size_t colon = op.value.rfind(':');
+    // The caution is answered OK: the command line asked for the combine.
+    prompts.Echo(std::string("? ") + kCombineCaution + " -> OK");
+    editor.AppendWithOffset(op.value.substr(0, colon), op.value.substr(colon + 1));
+  } else if (op.option == "--header") {
+    const size_t equals = op.value.find('=');
+    const std::string name = op.value.substr(0, equals);
+    if (DissipationHeaderField(set, name) == nullptr) {
+      throw UsageError("--header: " + name + " is no header box of this file's editor");
+    }
+    editor.SetHeader(name, op.value.substr(equals + 1));
+  }
+}
+
+// The operations' tests, rows, columns and names checked against the open file before any runs,
+// with the renumbering of each deletion that will go through; after an append the file's tests
+// are known only when it has run, and the rest is checked as each operation comes.
+void CheckOperations(const Session& session, const DissipationEditor& editor, bool yes,
+                     const std::vector<DissipationOperation>& operations) {
+  const DissipationSet& set = session.Dissipation();
+  const bool px = set.FileKind == kPxDasDissipation;
+  std::vector<int> rows;
+  for (int i = 1; i <= set.DissipationCount; ++i) rows.push_back(set.RowCount[static_cast<size_t>(i)]);
+  auto test_of = [&](const std::string& text, const std::string& option) {
+    const std::optional<int> test = WholeNumber(text);
+    if (!test || *test < 1 || *test > static_cast<int>(rows.size())) {
+      throw UsageError(option + ": test " + text + " is not one of the file's " + std::to_string(rows.size()));
+    }
+    return *test;
+  };
+  for (const DissipationOperation& op : operations) {
+    if (op.option == "--append") {
+      if (px) throw UsageError("--append combines QRD FIELDBOX files only");
+      break;
+    }
+    if (op.option == "--set") {
+      const auto parts = SplitAtColons(op.value, 3);
+      const int test = test_of(parts[0], op.option);
+      const std::optional<int> row = WholeNumber(parts[1]);
+      if (!row || *row < 1 || *row > rows[static_cast<size_t>(test - 1)]) {
+        throw UsageError("--set: row " + parts[1] + " is not one of test " + parts[0] + "'s");
+      }
+      if (!CellOf(parts[2], px)) throw UsageError("--set: " + parts[2] + " is no column of this file's editor");
+    } else if (op.option == "--pressure-unit") {
+      UnitChoice(editor, op.value);
+    } else if (op.option == "--depth") {
+      test_of(SplitAtColons(op.value, 1)[0], op.option);
+    } else if (op.option == "--delete-test") {
+      const int test = test_of(op.value, op.option);
+      if (yes && rows.size() > 1) rows.erase(rows.begin() + (test - 1));
+    } else if (op.option == "--header") {
+      const std::string name = op.value.substr(0, op.value.find('='));
+      bool known = false;
+      for (const std::string& header : DissipationHeaderNames(set)) known = known || header == name;
+      if (!known) throw UsageError("--header: " + name + " is no header box of this file's editor");
+    }
+  }
+}
+
 }  // namespace
 
 bool ParseDissipationOption(const std::string& a, const std::function<const std::string&()>& value,
@@ -185,6 +358,8 @@ bool ParseDissipationOption(const std::string& a, const std::function<const std:
     options.time = value();
   else if (a == "--export")
     options.export_form = value();
+  else if (std::find(std::begin(kOperations), std::end(kOperations), a) != std::end(kOperations))
+    options.operations.push_back({a, value()});
   else
     return false;
   return true;
@@ -192,11 +367,19 @@ bool ParseDissipationOption(const std::string& a, const std::function<const std:
 
 bool AnyDissipationOption(const DissipationOptions& o) {
   return !o.tests.empty() || o.csv || o.txt || o.percent_max || o.percent_head || o.t50 || o.u0 || o.u100 ||
-         o.plot || !o.mode.empty() || !o.time.empty() || !o.export_form.empty();
+         o.plot || !o.mode.empty() || !o.time.empty() || !o.export_form.empty() || !o.operations.empty();
 }
 
 std::string DissipationUsageError(const DissipationOptions& o, const std::string& out,
                                   const std::string& file) {
+  for (const DissipationOperation& op : o.operations) {
+    if (std::string error = OperationSyntaxError(op); !error.empty()) return error;
+  }
+  // A file without the .DIS extension is an FLDACQ file, which has no editor.
+  const bool saves = !out.empty() && !o.csv && !o.txt && !o.plot && !o.t50 && o.export_form.empty();
+  if ((!o.operations.empty() || saves) && !ContainsNoCase(file, ".dis")) {
+    return "an FLDACQ file has no editor: no operation and no -o without --csv or --txt";
+  }
   for (int test : o.tests) {
     if (test < 1 || test > kMaxDissipations) return "--test takes a whole number from 1 to 100";
   }
@@ -243,8 +426,8 @@ std::string DissipationUsageError(const DissipationOptions& o, const std::string
     }
     return {};
   }
-  if (!o.tests.empty() || !o.mode.empty() || !o.time.empty() || !out.empty()) {
-    return "dissipation FILE takes --test, -o, --mode and --time only with --t50, --plot, --csv or --txt";
+  if (!o.tests.empty() || !o.mode.empty() || !o.time.empty()) {
+    return "dissipation FILE takes --test, --mode and --time only with --t50, --plot, --csv or --txt";
   }
   return {};
 }
@@ -255,20 +438,30 @@ int RunDissipation(Session& session, ShellController& shell, CliPrompts& prompts
   shell.ChooseMode(ProcessingMode::kDissipations);
   if (!shell.Dissipations().View().frame_visible) return 1;
   DissipationSet& set = session.Dissipation();
+  if (water_table) {
+    set.WaterTableDepth = static_cast<float>(*water_table);
+    shell.Dissipations().WaterTableChanged();
+  }
+  DissipationEditor editor(session, prompts);
+  CheckOperations(session, editor, prompts.AnswersYes(), options.operations);
+  try {
+    for (const DissipationOperation& op : options.operations) ApplyOperation(session, editor, prompts, op);
+  } catch (const RuntimeFailure& failure) {
+    prompts.Tell(GeneralErrorText(failure));
+    return 1;
+  }
+  if (!options.operations.empty()) shell.Dissipations().Refill();
   for (int test : options.tests) {
     if (test > set.DissipationCount) {
       prompts.Tell(GeneralErrorText(RuntimeFailure(kErrSubscript, "cmdPlotDissipation_Click")));
       return 1;
     }
   }
-  if (water_table) {
-    set.WaterTableDepth = static_cast<float>(*water_table);
-    shell.Dissipations().WaterTableChanged();
-  }
   if (options.t50) return RunT50(session, options, out);
   if (options.csv || options.txt) return RunListExport(session, prompts, options, out_path);
   if (!options.export_form.empty()) return RunWholeFileExport(session, prompts, options, out_path);
   if (options.plot) return RunPlot(session, shell, prompts, options, out_path);
+  if (!out_path.empty()) return editor.SaveAs(out_path) ? 0 : 1;
   out << InfoJson(session).dump(2) << '\n';
   return prompts.ErrorShown() ? 1 : 0;
 }
