@@ -189,6 +189,8 @@ TEST_F(DissipationEditorTest, CellEditsOfBothFamilies) {
   Open("PXD-T01.DIS", Join(test::PxLines({kPxShallow, kPxDeep})));
   EXPECT_FALSE(editor.EditCell(1, 1, DissipationCell::kRaw, "x"));
   EXPECT_EQ(t.prompts.Texts(), std::vector<std::string>{"! Please enter a valid number"});
+  EXPECT_EQ(editor.CellText(1, 1, DissipationCell::kRaw, true), "3400.0000");
+  EXPECT_EQ(editor.CellText(1, 1, DissipationCell::kPressure, true), "600.0000");
   // Raw 2200 reads (2200 - 1000) / 2 x 0.5 = 300 kPa; 150 kPa is raw 150 / 0.5 x 2 + 1000 = 1600.
   EXPECT_TRUE(editor.EditCell(1, 1, DissipationCell::kRaw, "2200"));
   EXPECT_EQ(Set().RowPressure(1, 1), 300.0f);

@@ -176,8 +176,14 @@ std::string DissipationEditor::PressureHeading() const {
   return "PRESS (" + unit + ")";
 }
 
-std::string DissipationEditor::CellText(int test, int row, DissipationCell cell) const {
+std::string DissipationEditor::CellText(int test, int row, DissipationCell cell, bool restored) const {
   const DissipationSet& set = Set();
+  if (restored && set.FileKind == kPxDasDissipation) {
+    const double value = cell == DissipationCell::kTime       ? static_cast<double>(set.RowTime(test, row))
+                         : cell == DissipationCell::kPressure ? static_cast<double>(set.RowPressure(test, row))
+                                                              : static_cast<double>(set.RowChannelA(test, row));
+    return FormatNumber(value, "######0.0000");
+  }
   switch (cell) {
     case DissipationCell::kTime:
       return FormatNumber(set.RowTime(test, row), "####0.00");

@@ -65,7 +65,8 @@ class DissipationEditor {
   // "PRESS (" with the unit and ")".
   std::string PressureHeading() const;
   // A cell as the grid shows it: time "####0.00", voltage "##0.0000", pressure "####0.0000".
-  std::string CellText(int test, int row, DissipationCell cell) const;
+  // A cell the PX DAS editor put back after a refused entry shows "######0.0000".
+  std::string CellText(int test, int row, DissipationCell cell, bool restored = false) const;
 
   // A value typed into a cell. Blanks are removed; an entry of other characters than digits,
   // signs and points is refused (the PX DAS editor says so) and the cell keeps its value. False

@@ -345,7 +345,8 @@ void DissipationEditWindow::CellEdited(QListWidgetItem* item, DissipationCell ce
   // The row shows the store again: a refused entry is restored, a recomputed column follows.
   filling_ = true;
   for (const auto& [list, shown] : Columns()) {
-    if (QListWidgetItem* at = list->item(row - 1)) at->setText(ToQString(editor_.CellText(test, row, shown)));
+    const bool restored = !edited && shown == cell;
+    if (QListWidgetItem* at = list->item(row - 1)) at->setText(ToQString(editor_.CellText(test, row, shown, restored)));
   }
   filling_ = false;
   if (edited && on_changed_) on_changed_(false);
