@@ -215,16 +215,6 @@ std::string OperationSyntaxError(const DissipationOperation& op) {
   return {};
 }
 
-// A test number of the store as it stands, else bad usage.
-int CheckedTest(const DissipationSet& set, const std::string& text, const std::string& option) {
-  const std::optional<int> test = WholeNumber(text);
-  if (!test || *test < 1 || *test > set.DissipationCount) {
-    throw UsageError(option + ": test " + text + " is not one of the file's " +
-                     std::to_string(set.DissipationCount));
-  }
-  return *test;
-}
-
 // The entry of cmbPressureUnits of a unit name, else bad usage.
 int UnitChoice(const DissipationEditor& editor, const std::string& name) {
   const auto units = editor.PressureUnits();
@@ -237,92 +227,92 @@ int UnitChoice(const DissipationEditor& editor, const std::string& name) {
   throw UsageError("--pressure-unit: " + name + " is no pressure unit of this file's editor");
 }
 
-// Runs one operation as the editor's control does. Its refusals are told and change nothing.
-void ApplyOperation(Session& session, DissipationEditor& editor, CliPrompts& prompts,
-                    const DissipationOperation& op) {
-  DissipationSet& set = session.Dissipation();
-  const bool px = set.FileKind == kPxDasDissipation;
+// The test, row, column and names of an operation checked against a file of the editor's family
+// whose tests hold rows[0], rows[1], ... rows; a misfit is bad usage.
+void CheckOperation(const DissipationEditor& editor, const std::vector<int>& rows, const DissipationOperation& op) {
+  const bool px = editor.Set().FileKind == kPxDasDissipation;
+  auto test_of = [&](const std::string& text) {
+    const std::optional<int> test = WholeNumber(text);
+    if (!test || *test < 1 || *test > static_cast<int>(rows.size())) {
+      throw UsageError(op.option + ": test " + text + " is not one of the file's " + std::to_string(rows.size()));
+    }
+    return *test;
+  };
   if (op.option == "--set") {
     const auto parts = SplitAtColons(op.value, 3);
-    const int test = CheckedTest(set, parts[0], op.option);
+    const int test = test_of(parts[0]);
     const std::optional<int> row = WholeNumber(parts[1]);
-    if (!row || *row < 1 || *row > set.RowCount[static_cast<size_t>(test)]) {
+    if (!row || *row < 1 || *row > rows[static_cast<size_t>(test - 1)]) {
       throw UsageError("--set: row " + parts[1] + " is not one of test " + parts[0] + "'s");
     }
-    const std::optional<DissipationCell> cell = CellOf(parts[2], px);
-    if (!cell) throw UsageError("--set: " + parts[2] + " is no column of this file's editor");
+    if (!CellOf(parts[2], px)) throw UsageError("--set: " + parts[2] + " is no column of this file's editor");
+  } else if (op.option == "--pressure-unit") {
+    UnitChoice(editor, op.value);
+  } else if (op.option == "--depth") {
+    test_of(SplitAtColons(op.value, 1)[0]);
+  } else if (op.option == "--delete-test") {
+    test_of(op.value);
+  } else if (op.option == "--append") {
+    if (px) throw UsageError("--append combines QRD FIELDBOX files only");
+  } else if (op.option == "--header") {
+    const std::string name = op.value.substr(0, op.value.find('='));
+    bool known = false;
+    for (const std::string& header : DissipationHeaderNames(editor.Set())) known = known || header == name;
+    if (!known) throw UsageError("--header: " + name + " is no header box of this file's editor");
+  }
+}
+
+std::vector<int> RowCounts(const DissipationSet& set) {
+  std::vector<int> rows;
+  for (int i = 1; i <= std::min<int>(set.DissipationCount, kMaxDissipations); ++i) {
+    rows.push_back(set.RowCount[static_cast<size_t>(i)]);
+  }
+  return rows;
+}
+
+// The operations checked before any runs, following the renumbering of each deletion that will go
+// through; the tests an append brings are known only once it has run, so from there on each
+// operation is checked as it comes.
+void CheckOperations(const DissipationEditor& editor, bool yes, const std::vector<DissipationOperation>& operations) {
+  std::vector<int> rows = RowCounts(editor.Set());
+  for (const DissipationOperation& op : operations) {
+    CheckOperation(editor, rows, op);
+    if (op.option == "--append") break;
+    if (op.option == "--delete-test" && yes && rows.size() > 1) {
+      rows.erase(rows.begin() + (*WholeNumber(op.value) - 1));
+    }
+  }
+}
+
+// Runs one operation as the editor's control does. Its refusals are told and change nothing.
+void ApplyOperation(DissipationEditor& editor, CliPrompts& prompts, const DissipationOperation& op) {
+  CheckOperation(editor, RowCounts(editor.Set()), op);
+  const bool px = editor.Set().FileKind == kPxDasDissipation;
+  if (op.option == "--set") {
+    const auto parts = SplitAtColons(op.value, 3);
+    const int test = *WholeNumber(parts[0]);
     editor.SelectTest(test);
-    editor.EditCell(test, *row, *cell, parts[3]);
+    editor.EditCell(test, *WholeNumber(parts[1]), *CellOf(parts[2], px), parts[3]);
   } else if (op.option == "--pressure-unit") {
     editor.ChangePressureUnit(UnitChoice(editor, op.value));
   } else if (op.option == "--depth") {
     const auto parts = SplitAtColons(op.value, 1);
-    editor.ChangeDepth(CheckedTest(set, parts[0], op.option), parts[1]);
+    editor.ChangeDepth(*WholeNumber(parts[0]), parts[1]);
   } else if (op.option == "--adjust-depths") {
     const auto parts = SplitAtColons(op.value, 1);
     editor.AdjustDepths(parts[0], parts[1]);
   } else if (op.option == "--delete-test") {
-    const int test = CheckedTest(set, op.value, op.option);
+    const int test = *WholeNumber(op.value);
     editor.SelectTest(test);
     editor.DeleteTest(test);
   } else if (op.option == "--append") {
-    if (px) throw UsageError("--append combines QRD FIELDBOX files only");
     const size_t colon = op.value.rfind(':');
     // The caution is answered OK: the command line asked for the combine.
     prompts.Echo(std::string("? ") + kCombineCaution + " -> OK");
     editor.AppendWithOffset(op.value.substr(0, colon), op.value.substr(colon + 1));
   } else if (op.option == "--header") {
     const size_t equals = op.value.find('=');
-    const std::string name = op.value.substr(0, equals);
-    if (DissipationHeaderField(set, name) == nullptr) {
-      throw UsageError("--header: " + name + " is no header box of this file's editor");
-    }
-    editor.SetHeader(name, op.value.substr(equals + 1));
-  }
-}
-
-// The operations' tests, rows, columns and names checked against the open file before any runs,
-// with the renumbering of each deletion that will go through; after an append the file's tests
-// are known only when it has run, and the rest is checked as each operation comes.
-void CheckOperations(const Session& session, const DissipationEditor& editor, bool yes,
-                     const std::vector<DissipationOperation>& operations) {
-  const DissipationSet& set = session.Dissipation();
-  const bool px = set.FileKind == kPxDasDissipation;
-  std::vector<int> rows;
-  for (int i = 1; i <= set.DissipationCount; ++i) rows.push_back(set.RowCount[static_cast<size_t>(i)]);
-  auto test_of = [&](const std::string& text, const std::string& option) {
-    const std::optional<int> test = WholeNumber(text);
-    if (!test || *test < 1 || *test > static_cast<int>(rows.size())) {
-      throw UsageError(option + ": test " + text + " is not one of the file's " + std::to_string(rows.size()));
-    }
-    return *test;
-  };
-  for (const DissipationOperation& op : operations) {
-    if (op.option == "--append") {
-      if (px) throw UsageError("--append combines QRD FIELDBOX files only");
-      break;
-    }
-    if (op.option == "--set") {
-      const auto parts = SplitAtColons(op.value, 3);
-      const int test = test_of(parts[0], op.option);
-      const std::optional<int> row = WholeNumber(parts[1]);
-      if (!row || *row < 1 || *row > rows[static_cast<size_t>(test - 1)]) {
-        throw UsageError("--set: row " + parts[1] + " is not one of test " + parts[0] + "'s");
-      }
-      if (!CellOf(parts[2], px)) throw UsageError("--set: " + parts[2] + " is no column of this file's editor");
-    } else if (op.option == "--pressure-unit") {
-      UnitChoice(editor, op.value);
-    } else if (op.option == "--depth") {
-      test_of(SplitAtColons(op.value, 1)[0], op.option);
-    } else if (op.option == "--delete-test") {
-      const int test = test_of(op.value, op.option);
-      if (yes && rows.size() > 1) rows.erase(rows.begin() + (test - 1));
-    } else if (op.option == "--header") {
-      const std::string name = op.value.substr(0, op.value.find('='));
-      bool known = false;
-      for (const std::string& header : DissipationHeaderNames(set)) known = known || header == name;
-      if (!known) throw UsageError("--header: " + name + " is no header box of this file's editor");
-    }
+    editor.SetHeader(op.value.substr(0, equals), op.value.substr(equals + 1));
   }
 }
 
@@ -443,9 +433,9 @@ int RunDissipation(Session& session, ShellController& shell, CliPrompts& prompts
     shell.Dissipations().WaterTableChanged();
   }
   DissipationEditor editor(session, prompts);
-  CheckOperations(session, editor, prompts.AnswersYes(), options.operations);
+  CheckOperations(editor, prompts.AnswersYes(), options.operations);
   try {
-    for (const DissipationOperation& op : options.operations) ApplyOperation(session, editor, prompts, op);
+    for (const DissipationOperation& op : options.operations) ApplyOperation(editor, prompts, op);
   } catch (const RuntimeFailure& failure) {
     prompts.Tell(GeneralErrorText(failure));
     return 1;
