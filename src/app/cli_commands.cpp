@@ -62,6 +62,9 @@ constexpr const char* kUsage =
     "                                percent-head] [--time linear|log|sqrt]\n"
     "                    dissipation FILE --test N --csv|--txt -o OUT [--percent-max] [--percent-head]\n"
     "                    dissipation FILE --export txt|csv|txt-each|csv-each -o OUT\n"
+    "                    dissipation FILE.DIS [--set TEST:ROW:COLUMN:VALUE] [--pressure-unit NAME]\n"
+    "                      [--depth TEST:DEPTH] [--adjust-depths TOTAL:OBSERVED] [--delete-test TEST]\n"
+    "                      [--append FILE2:OFFSET] [--header NAME=VALUE]... [-o OUT | any output above]\n"
     "                    edit FILE [OPERATION]... (-o OUT [--dat-compatible] | --channels [--kind K])\n"
     "                    seismic FILE [OPERATION]... [--waves | --velocities]\n";
 
@@ -365,7 +368,14 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
   ShellController controller(session, prompts);
   if (options.positional[0] == "dissipation") {
     if (options.dissipation.plot) EnsureGuiApplication();
-    return RunDissipation(session, controller, prompts, options.dissipation, options.water_table, options.out, out);
+    try {
+      return RunDissipation(session, controller, prompts, options.dissipation, options.water_table, options.out,
+                            out);
+    } catch (const UsageError& error) {
+      // An editor operation that does not fit the file: nothing has been written.
+      err << "marlview-cli: " << error.what() << '\n' << kUsage;
+      return 2;
+    }
   }
   controller.ChooseMode(ProcessingMode::kSounding);
   if (!session.SoundingOpen) return 1;

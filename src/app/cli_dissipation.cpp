@@ -1,13 +1,16 @@
 // The dissipation subcommand of marlview-cli.
 #include "app/cli_dissipation.h"
 
+#include <algorithm>
 #include <charconv>
 #include <nlohmann/json.hpp>
 
+#include "app/cli_globals.h"
 #include "app/cli_prompts.h"
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
+#include "core/dissipation/dissipation_editor.h"
 #include "core/dissipation/dissipation_list.h"
 #include "core/dissipation/dissipation_plot.h"
 #include "core/dissipation/t50_utility.h"
@@ -153,6 +156,166 @@ int RunWholeFileExport(Session& session, CliPrompts& prompts, const DissipationO
   return 0;
 }
 
+constexpr const char* kOperations[] = {"--set",    "--pressure-unit", "--depth", "--adjust-depths",
+                                       "--delete-test", "--append",   "--header"};
+
+// A whole number, or nothing.
+std::optional<int> WholeNumber(std::string_view text) {
+  int value = 0;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (result.ec != std::errc() || result.ptr != text.data() + text.size()) return std::nullopt;
+  return value;
+}
+
+// The parts of an operation's value split at its first count colons; the last part keeps the rest.
+std::vector<std::string> SplitAtColons(const std::string& value, size_t count) {
+  std::vector<std::string> parts;
+  size_t start = 0;
+  while (parts.size() < count) {
+    const size_t colon = value.find(':', start);
+    if (colon == std::string::npos) break;
+    parts.push_back(value.substr(start, colon - start));
+    start = colon + 1;
+  }
+  parts.push_back(value.substr(start));
+  return parts;
+}
+
+std::optional<DissipationCell> CellOf(const std::string& column, bool px) {
+  if (column == "time") return DissipationCell::kTime;
+  if (column == "pressure") return DissipationCell::kPressure;
+  if (!px && column == "volts") return DissipationCell::kVolts;
+  if (!px && column == "psi") return DissipationCell::kPsi;
+  if (px && column == "raw") return DissipationCell::kRaw;
+  return std::nullopt;
+}
+
+// The syntax of an operation's value, before any file is open.
+std::string OperationSyntaxError(const DissipationOperation& op) {
+  const std::string& v = op.value;
+  if (op.option == "--set") {
+    const auto parts = SplitAtColons(v, 3);
+    if (parts.size() != 4 || !WholeNumber(parts[0]) || !WholeNumber(parts[1]) ||
+        (!CellOf(parts[2], false) && !CellOf(parts[2], true))) {
+      return "--set takes TEST:ROW:COLUMN:VALUE, COLUMN time, volts, psi, raw or pressure";
+    }
+  } else if (op.option == "--depth") {
+    const auto parts = SplitAtColons(v, 1);
+    if (parts.size() != 2 || !WholeNumber(parts[0])) return "--depth takes TEST:DEPTH";
+  } else if (op.option == "--adjust-depths") {
+    if (SplitAtColons(v, 1).size() != 2) return "--adjust-depths takes TOTAL:OBSERVED";
+  } else if (op.option == "--delete-test") {
+    if (!WholeNumber(v)) return "--delete-test takes a test number";
+  } else if (op.option == "--append") {
+    const size_t colon = v.rfind(':');
+    if (colon == std::string::npos || colon == 0) return "--append takes FILE2:OFFSET";
+  } else if (op.option == "--header") {
+    if (v.find('=') == std::string::npos) return "--header takes NAME=VALUE";
+  }
+  return {};
+}
+
+// The entry of cmbPressureUnits of a unit name, else bad usage.
+int UnitChoice(const DissipationEditor& editor, const std::string& name) {
+  const auto units = editor.PressureUnits();
+  for (size_t u = 0; u < units.size(); ++u) {
+    if (units[u].name == name) return static_cast<int>(u);
+  }
+  for (size_t u = 0; u < units.size(); ++u) {
+    if (EqualsNoCase(units[u].name, name)) return static_cast<int>(u);
+  }
+  throw UsageError("--pressure-unit: " + name + " is no pressure unit of this file's editor");
+}
+
+// The test, row, column and names of an operation checked against a file of the editor's family
+// whose tests hold rows[0], rows[1], ... rows; a misfit is bad usage.
+void CheckOperation(const DissipationEditor& editor, const std::vector<int>& rows, const DissipationOperation& op) {
+  const bool px = editor.Set().FileKind == kPxDasDissipation;
+  auto test_of = [&](const std::string& text) {
+    const std::optional<int> test = WholeNumber(text);
+    if (!test || *test < 1 || *test > static_cast<int>(rows.size())) {
+      throw UsageError(op.option + ": test " + text + " is not one of the file's " + std::to_string(rows.size()));
+    }
+    return *test;
+  };
+  if (op.option == "--set") {
+    const auto parts = SplitAtColons(op.value, 3);
+    const int test = test_of(parts[0]);
+    const std::optional<int> row = WholeNumber(parts[1]);
+    if (!row || *row < 1 || *row > rows[static_cast<size_t>(test - 1)]) {
+      throw UsageError("--set: row " + parts[1] + " is not one of test " + parts[0] + "'s");
+    }
+    if (!CellOf(parts[2], px)) throw UsageError("--set: " + parts[2] + " is no column of this file's editor");
+  } else if (op.option == "--pressure-unit") {
+    UnitChoice(editor, op.value);
+  } else if (op.option == "--depth") {
+    test_of(SplitAtColons(op.value, 1)[0]);
+  } else if (op.option == "--delete-test") {
+    test_of(op.value);
+  } else if (op.option == "--append") {
+    if (px) throw UsageError("--append combines QRD FIELDBOX files only");
+  } else if (op.option == "--header") {
+    const std::string name = op.value.substr(0, op.value.find('='));
+    bool known = false;
+    for (const std::string& header : DissipationHeaderNames(editor.Set())) known = known || header == name;
+    if (!known) throw UsageError("--header: " + name + " is no header box of this file's editor");
+  }
+}
+
+std::vector<int> RowCounts(const DissipationSet& set) {
+  std::vector<int> rows;
+  for (int i = 1; i <= std::min<int>(set.DissipationCount, kMaxDissipations); ++i) {
+    rows.push_back(set.RowCount[static_cast<size_t>(i)]);
+  }
+  return rows;
+}
+
+// The operations checked before any runs, following the renumbering of each deletion that will go
+// through; the tests an append brings are known only once it has run, so from there on each
+// operation is checked as it comes.
+void CheckOperations(const DissipationEditor& editor, bool yes, const std::vector<DissipationOperation>& operations) {
+  std::vector<int> rows = RowCounts(editor.Set());
+  for (const DissipationOperation& op : operations) {
+    CheckOperation(editor, rows, op);
+    if (op.option == "--append") break;
+    if (op.option == "--delete-test" && yes && rows.size() > 1) {
+      rows.erase(rows.begin() + (*WholeNumber(op.value) - 1));
+    }
+  }
+}
+
+// Runs one operation as the editor's control does. Its refusals are told and change nothing.
+void ApplyOperation(DissipationEditor& editor, CliPrompts& prompts, const DissipationOperation& op) {
+  CheckOperation(editor, RowCounts(editor.Set()), op);
+  const bool px = editor.Set().FileKind == kPxDasDissipation;
+  if (op.option == "--set") {
+    const auto parts = SplitAtColons(op.value, 3);
+    const int test = *WholeNumber(parts[0]);
+    editor.SelectTest(test);
+    editor.EditCell(test, *WholeNumber(parts[1]), *CellOf(parts[2], px), parts[3]);
+  } else if (op.option == "--pressure-unit") {
+    editor.ChangePressureUnit(UnitChoice(editor, op.value));
+  } else if (op.option == "--depth") {
+    const auto parts = SplitAtColons(op.value, 1);
+    editor.ChangeDepth(*WholeNumber(parts[0]), parts[1]);
+  } else if (op.option == "--adjust-depths") {
+    const auto parts = SplitAtColons(op.value, 1);
+    editor.AdjustDepths(parts[0], parts[1]);
+  } else if (op.option == "--delete-test") {
+    const int test = *WholeNumber(op.value);
+    editor.SelectTest(test);
+    editor.DeleteTest(test);
+  } else if (op.option == "--append") {
+    const size_t colon = op.value.rfind(':');
+    // The caution is answered OK: the command line asked for the combine.
+    prompts.Echo(std::string("? ") + kCombineCaution + " -> OK");
+    editor.AppendWithOffset(op.value.substr(0, colon), op.value.substr(colon + 1));
+  } else if (op.option == "--header") {
+    const size_t equals = op.value.find('=');
+    editor.SetHeader(op.value.substr(0, equals), op.value.substr(equals + 1));
+  }
+}
+
 }  // namespace
 
 bool ParseDissipationOption(const std::string& a, const std::function<const std::string&()>& value,
@@ -185,6 +348,8 @@ bool ParseDissipationOption(const std::string& a, const std::function<const std:
     options.time = value();
   else if (a == "--export")
     options.export_form = value();
+  else if (std::find(std::begin(kOperations), std::end(kOperations), a) != std::end(kOperations))
+    options.operations.push_back({a, value()});
   else
     return false;
   return true;
@@ -192,11 +357,19 @@ bool ParseDissipationOption(const std::string& a, const std::function<const std:
 
 bool AnyDissipationOption(const DissipationOptions& o) {
   return !o.tests.empty() || o.csv || o.txt || o.percent_max || o.percent_head || o.t50 || o.u0 || o.u100 ||
-         o.plot || !o.mode.empty() || !o.time.empty() || !o.export_form.empty();
+         o.plot || !o.mode.empty() || !o.time.empty() || !o.export_form.empty() || !o.operations.empty();
 }
 
 std::string DissipationUsageError(const DissipationOptions& o, const std::string& out,
                                   const std::string& file) {
+  for (const DissipationOperation& op : o.operations) {
+    if (std::string error = OperationSyntaxError(op); !error.empty()) return error;
+  }
+  // A file without the .DIS extension is an FLDACQ file, which has no editor.
+  const bool saves = !out.empty() && !o.csv && !o.txt && !o.plot && !o.t50 && o.export_form.empty();
+  if ((!o.operations.empty() || saves) && !ContainsNoCase(file, ".dis")) {
+    return "an FLDACQ file has no editor: no operation and no -o without --csv or --txt";
+  }
   for (int test : o.tests) {
     if (test < 1 || test > kMaxDissipations) return "--test takes a whole number from 1 to 100";
   }
@@ -243,8 +416,8 @@ std::string DissipationUsageError(const DissipationOptions& o, const std::string
     }
     return {};
   }
-  if (!o.tests.empty() || !o.mode.empty() || !o.time.empty() || !out.empty()) {
-    return "dissipation FILE takes --test, -o, --mode and --time only with --t50, --plot, --csv or --txt";
+  if (!o.tests.empty() || !o.mode.empty() || !o.time.empty()) {
+    return "dissipation FILE takes --test, --mode and --time only with --t50, --plot, --csv or --txt";
   }
   return {};
 }
@@ -255,20 +428,30 @@ int RunDissipation(Session& session, ShellController& shell, CliPrompts& prompts
   shell.ChooseMode(ProcessingMode::kDissipations);
   if (!shell.Dissipations().View().frame_visible) return 1;
   DissipationSet& set = session.Dissipation();
+  if (water_table) {
+    set.WaterTableDepth = static_cast<float>(*water_table);
+    shell.Dissipations().WaterTableChanged();
+  }
+  DissipationEditor editor(session, prompts);
+  CheckOperations(editor, prompts.AnswersYes(), options.operations);
+  try {
+    for (const DissipationOperation& op : options.operations) ApplyOperation(editor, prompts, op);
+  } catch (const RuntimeFailure& failure) {
+    prompts.Tell(GeneralErrorText(failure));
+    return 1;
+  }
+  if (!options.operations.empty()) shell.Dissipations().Refill();
   for (int test : options.tests) {
     if (test > set.DissipationCount) {
       prompts.Tell(GeneralErrorText(RuntimeFailure(kErrSubscript, "cmdPlotDissipation_Click")));
       return 1;
     }
   }
-  if (water_table) {
-    set.WaterTableDepth = static_cast<float>(*water_table);
-    shell.Dissipations().WaterTableChanged();
-  }
   if (options.t50) return RunT50(session, options, out);
   if (options.csv || options.txt) return RunListExport(session, prompts, options, out_path);
   if (!options.export_form.empty()) return RunWholeFileExport(session, prompts, options, out_path);
   if (options.plot) return RunPlot(session, shell, prompts, options, out_path);
+  if (!out_path.empty()) return editor.SaveAs(out_path) ? 0 : 1;
   out << InfoJson(session).dump(2) << '\n';
   return prompts.ErrorShown() ? 1 : 0;
 }

@@ -14,6 +14,12 @@ class CliPrompts;
 class Session;
 class ShellController;
 
+// An editor operation of the command line, applied in the order given: the option and its value.
+struct DissipationOperation {
+  std::string option;
+  std::string value;
+};
+
 struct DissipationOptions {
   std::vector<int> tests;
   bool csv = false, txt = false;
@@ -25,6 +31,7 @@ struct DissipationOptions {
   std::string time;
   // The editors' whole-file exports: txt, csv, txt-each or csv-each.
   std::string export_form;
+  std::vector<DissipationOperation> operations;
 };
 
 // Takes option a (and its value) when it is one of the subcommand's; false otherwise.
@@ -37,7 +44,9 @@ std::string DissipationUsageError(const DissipationOptions& options, const std::
                                   const std::string& file);
 
 // Opens the file as the dissipation option does, applies the water table of the command line and
-// runs the subcommand. The exit status of marlview-cli.
+// the editor's operations, and runs the subcommand. The exit status of marlview-cli; an operation
+// that does not fit the open file (a test, row, column, unit or header name it lacks) throws
+// UsageError before anything is written.
 int RunDissipation(Session& session, ShellController& shell, CliPrompts& prompts,
                    const DissipationOptions& options, std::optional<double> water_table,
                    const std::string& out_path, std::ostream& out);

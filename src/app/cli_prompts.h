@@ -29,6 +29,11 @@ class CliPrompts : public UserPrompts {
   std::string OpenFile(const FileDialogRequest& request) override;
   std::string SaveFile(const FileDialogRequest& request) override;
 
+  // Whether questions are answered Yes (the --yes option).
+  bool AnswersYes() const { return answers_.yes; }
+  // A line of the dialog written as the program went through it, without asking.
+  void Echo(std::string_view line) { err_ << line << '\n'; }
+
   // Whether a message since the last call was the general error text or a reader's refusal.
   bool ErrorShown() const { return error_shown_; }
 

@@ -203,5 +203,86 @@ TEST_F(CliDissipationTest, WholeFileExportsInOneFileOrOnePerTest) {
   EXPECT_FALSE(FileExists(files_.File("each.txt")));
 }
 
+TEST_F(CliDissipationTest, EditorOperationsThenSaveAs) {
+  const std::string out = files_.File("EDITED.DIS");
+  const CliRun edit = Run({"dissipation", Sample("DIS-A01.DIS"), "--set", "1:1:pressure:500", "--set",
+                           "1:2:pressure:4x", "--pressure-unit", "psi", "--depth", "2:abc", "--depth", "2:13",
+                           "--adjust-depths", "0:1", "--header", "Site=Berth 9", "--delete-test", "1", "-o", out});
+  ASSERT_EQ(edit.status, 0) << edit.err;
+  // The QRD FIELDBOX grid refuses the bad cell silently; the dialogs say why.
+  EXPECT_EQ(edit.err,
+            "! Please enter a valid depth\n"
+            "! Invalid measured depth. Value must be greater than 0\n"
+            "? Are you sure you want to delete the currently selected test -> No\n");
+  const CliRun reread = Run({"dissipation", out});
+  ASSERT_EQ(reread.status, 0) << reread.err;
+  const auto info = nlohmann::json::parse(reread.out);
+  EXPECT_EQ(info["pressureUnit"], "(psi)");
+  EXPECT_EQ(info["header"]["Site"], "Berth 9");
+  ASSERT_EQ(info["tests"].size(), 2u);
+  EXPECT_EQ(info["tests"][1]["depth"].get<double>(), 13);
+  // 500 kPa = 500000 Pa / 6894.7573 Pa per psi.
+  EXPECT_NEAR(info["tests"][0]["maxPressure"].get<double>(), 72.5189, 1e-3);
+  EXPECT_NEAR(info["pressurePerMetreHead"].get<double>(), 9806 / 6894.7573, 1e-5);
+
+  const CliRun again = Run({"dissipation", Sample("DIS-A01.DIS"), "-o", out});
+  EXPECT_EQ(again.status, 1);
+  EXPECT_EQ(again.err, "! EDITED.DIS already exists. Cannot overwrite.\n");
+
+  // The feet of the command line are the dialogs' unit; a deletion renumbers the tests after it.
+  const CliRun feet = Run({"--yes", "--feet", "dissipation", Sample("PXD-B04.DIS"), "--delete-test", "1",
+                           "--depth", "2:10", "--set", "1:1:raw:2200", "--set", "1:2:raw:z"});
+  ASSERT_EQ(feet.status, 0) << feet.err;
+  EXPECT_EQ(feet.err, "? Are you sure you want to delete the currently selected test -> Yes\n"
+                      "! Please enter a valid number\n");
+  const auto px = nlohmann::json::parse(feet.out);
+  ASSERT_EQ(px["tests"].size(), 2u);
+  EXPECT_NEAR(px["tests"][1]["depth"].get<double>(), 3.048, 1e-5);
+}
+
+TEST_F(CliDissipationTest, AppendingAFile) {
+  const CliRun twice = Run({"dissipation", Sample("DIS-A01.DIS"), "--append", Sample("DIS-A01.DIS") + ":1.5"});
+  ASSERT_EQ(twice.status, 0) << twice.err;
+  EXPECT_TRUE(twice.err.starts_with("? CAUTION: DIS files should be combined ONLY if they comprise portions"));
+  EXPECT_TRUE(twice.err.ends_with("EDIT DISSIPATION screen -> OK\n"));
+  const auto info = nlohmann::json::parse(twice.out);
+  ASSERT_EQ(info["tests"].size(), 4u);
+  EXPECT_NEAR(info["tests"][3]["depth"].get<double>(), 12.8 + 1.5, 1e-5);
+
+  const std::string out = files_.File("x.DIS");
+  const CliRun other = Run({"dissipation", Sample("DIS-A01.DIS"), "--append", Sample("PXD-B04.DIS") + ":0", "-o", out});
+  EXPECT_EQ(other.status, 0);
+  EXPECT_TRUE(other.err.ends_with(
+      "! The number of channels in the two files do not match. The two files cannot be combined\n"));
+  const CliRun missing =
+      Run({"dissipation", Sample("DIS-A01.DIS"), "--append", files_.File("GONE.DIS") + ":0", "-o", files_.File("y.DIS")});
+  EXPECT_EQ(missing.status, 1);
+  EXPECT_TRUE(missing.err.ends_with(
+      "! Marlview has encountered an error: Error #53: 'File not found' from 'AppendDissipationFile'\n"));
+  EXPECT_FALSE(FileExists(files_.File("y.DIS")));
+}
+
+TEST_F(CliDissipationTest, OperationsThatDoNotFitTheFileAreBadUsage) {
+  const std::string out = files_.File("x.DIS");
+  for (const std::vector<std::string>& args : std::vector<std::vector<std::string>>{
+           {"dissipation", Sample("DIS-A01.DIS"), "--set", "3:1:time:1", "-o", out},
+           {"dissipation", Sample("DIS-A01.DIS"), "--set", "1:1:raw:1", "-o", out},
+           {"dissipation", Sample("DIS-A01.DIS"), "--set", "1:229:time:1", "-o", out},
+           {"dissipation", Sample("DIS-A01.DIS"), "--set", "1:1", "-o", out},
+           {"dissipation", Sample("DIS-A01.DIS"), "--pressure-unit", "furlongs", "-o", out},
+           {"dissipation", Sample("DIS-A01.DIS"), "--header", "Customer=x", "-o", out},
+           {"--yes", "dissipation", Sample("DIS-A01.DIS"), "--delete-test", "1", "--depth", "2:1", "-o", out},
+           {"dissipation", Sample("PXD-B04.DIS"), "--set", "1:1:volts:1", "-o", out},
+           {"dissipation", Sample("PXD-B04.DIS"), "--append", Sample("DIS-A01.DIS") + ":0", "-o", out},
+           {"dissipation", Sample("FLDACQ-C02-001"), "--depth", "1:2"},
+           {"dissipation", Sample("FLDACQ-C02-001"), "-o", out},
+       }) {
+    const CliRun run = Run(args);
+    EXPECT_EQ(run.status, 2) << args[2] << " " << args[3] << "\n" << run.err;
+    EXPECT_TRUE(run.err.starts_with("marlview-cli: ")) << run.err;
+    EXPECT_FALSE(FileExists(out));
+  }
+}
+
 }  // namespace
 }  // namespace marlview

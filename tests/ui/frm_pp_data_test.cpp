@@ -100,8 +100,11 @@ class FrmPPDataTest : public QObject, protected marlview::test::MainWindowTest {
     QVERIFY(marlview::ReadWholeFile(txt).find("% Max Pressure") != std::string::npos);
 
     t_->prompts.ClearLog();
+    // The editor opens over the list, which stays.
     list->mnuEdit->trigger();
-    QCOMPARE(Log().size(), 1);
+    QVERIFY(Log().isEmpty());
+    QVERIFY(form_->frmDissipations->EditWindow() != nullptr);
+    QCOMPARE(form_->frmDissipations->ListWindow(), list);
     list->mnuReturn->trigger();
     QTRY_VERIFY(form_->frmDissipations->ListWindow() == nullptr);
     QVERIFY(form_->frmDissipations->isVisible());

@@ -264,15 +264,18 @@ void ReadFieldboxDissipation(std::string_view bytes, const UnitTables& units, Di
     set.DasSystem = FieldboxValue(lines.Next());
     lines.Skip(1);
     set.ProbeSerialNumber = FieldboxValue(lines.Next());
-    // Tip configuration, five spare lines, the sample rate and an empty line.
-    lines.Skip(8);
+    // Tip configuration and five spare lines, then the sample rate and an empty line.
+    lines.Skip(6);
+    set.SampleRateLine = std::string(lines.Next());
+    lines.Skip(1);
     ReadChannelNames(lines.Next(), set);
     ReadSensorRow(lines.Next(), set);
     lines.Skip(4);
     ReadBaselineRow(lines.Next(), set);
     for (int coefficient = 0; coefficient < 5; ++coefficient) ReadCalRow(lines.Next(), coefficient, set);
-    // Unit factors, offset, default and display units, conversion factor, and the digital sensor.
-    lines.Skip(9);
+    // Unit factors, offset, default and display units and conversion factor, kept for a save; then
+    // the digital sensor.
+    for (int row = 0; row < 9; ++row) set.ChannelBlockTail.emplace_back(lines.Next());
     lines.Skip(4);
 
     bool unit_read = false;
@@ -321,6 +324,7 @@ void ReadPXDissipation(std::string_view bytes, DissipationSet& set) {
     {
       // The GGA sentence: latitude and hemisphere, longitude and hemisphere, and the altitude.
       const std::string_view sentence = lines.Next();
+      set.PxGpsSentence = std::string(sentence);
       std::vector<std::string_view> fields;
       size_t start = 0;
       while (true) {

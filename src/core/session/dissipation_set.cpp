@@ -57,6 +57,9 @@ void DissipationSet::Reset() {
   for (auto& line : PXHeaderLine) Release(line);
   PressureColumn = 0;
   Release(PressureChannelName);
+  Release(PxGpsSentence);
+  Release(SampleRateLine);
+  std::vector<std::string>().swap(ChannelBlockTail);
   for (std::string* text : {&TestId,
                             &Operator,
                             &Crew,
@@ -103,6 +106,45 @@ int DissipationRows::Append(DissipationSet& set, int test) {
   set.RowCount[static_cast<size_t>(test)] = static_cast<int16_t>(row);
   set.high_test_ = std::max(set.high_test_, test);
   return row;
+}
+
+void DissipationRows::RemoveTest(DissipationSet& set, int test) {
+  const int count = set.DissipationCount;
+  if (test < 1 || test > count || count > kMaxDissipations) Fail(kErrSubscript);
+  auto clear_rows = [&](int t, int from, int to) {
+    for (int k = from; k <= to; ++k) {
+      set.RowTime(t, k) = 0;
+      for (FixedTable<float>* table :
+           {&set.RowChannelA, &set.RowChannelB, &set.RowPressure, &set.PercentMax, &set.PercentHead}) {
+        (*table)(t, k) = 0;
+      }
+    }
+  };
+  for (int t = test; t < count; ++t) {
+    const auto at = static_cast<size_t>(t), next = at + 1;
+    const int rows = set.RowCount[next];
+    const size_t used = static_cast<size_t>(rows) + 1;
+    std::memcpy(set.RowTime.Row(t), set.RowTime.Row(t + 1), used * sizeof(int32_t));
+    for (FixedTable<float>* table :
+         {&set.RowChannelA, &set.RowChannelB, &set.RowPressure, &set.PercentMax, &set.PercentHead}) {
+      std::memcpy(table->Row(t), table->Row(t + 1), used * sizeof(float));
+    }
+    // Rows the shorter test no longer uses are emptied, so the store stays clean past each count.
+    clear_rows(t, rows + 1, set.RowCount[at]);
+    set.RowCount[at] = static_cast<int16_t>(rows);
+    set.TestDepth[at] = set.TestDepth[next];
+    set.MaxPressure[at] = set.MaxPressure[next];
+    set.HydrostaticPressure[at] = set.HydrostaticPressure[next];
+    set.RowText[at].swap(set.RowText[next]);
+  }
+  const auto last = static_cast<size_t>(count);
+  clear_rows(count, 1, set.RowCount[last]);
+  set.RowCount[last] = 0;
+  set.TestDepth[last] = 0;
+  set.MaxPressure[last] = 0;
+  set.HydrostaticPressure[last] = 0;
+  std::vector<std::string>().swap(set.RowText[last]);
+  set.DissipationCount = static_cast<int16_t>(count - 1);
 }
 
 void ComputeMaxPercent(DissipationSet& set, int test) {

@@ -72,6 +72,12 @@ struct DissipationSet {
   int16_t PressureColumn = 0;
   // PX DAS: the pressure column's title, eleven characters from "PRESSURE U".
   std::string PressureChannelName;
+  // PX DAS: the GPS sentence of line 12 as read, given back whole when the file is saved.
+  std::string PxGpsSentence;
+  // QRD FIELDBOX lines nothing here interprets, kept whole so a save gives them back: the sample
+  // rate line and the channel block's unit factor, offset, unit and conversion rows.
+  std::string SampleRateLine;
+  std::vector<std::string> ChannelBlockTail;
 
   // QRD FIELDBOX and FLDACQ header.
   std::string TestId, Operator, Crew, Project, Site, Location, Comments, TestDate, StartTime;
@@ -96,6 +102,8 @@ class DissipationRows {
  public:
   // Adds a row to test i and returns its index; row 10001 or test 101 is "Subscript out of range".
   static int Append(DissipationSet& set, int test);
+  // Removes test i: the later tests move down one place and the count falls by one.
+  static void RemoveTest(DissipationSet& set, int test);
 };
 
 // Pressure as a percentage of the test's largest pressure; 0 throughout when that is exactly 0.

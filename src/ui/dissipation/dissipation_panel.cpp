@@ -7,12 +7,14 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "core/dissipation/dissipation_editor.h"
 #include "core/session/session.h"
 #include "core/shell/shell_controller.h"
 #include "ui/common/event_guard.h"
 #include "ui/common/named.h"
 #include "ui/common/qt_prompts.h"
 #include "ui/dissipation/form2.h"
+#include "ui/dissipation/frm_edit_dissipation.h"
 #include "ui/dissipation/frm_pp_data.h"
 
 namespace marlview {
@@ -55,10 +57,12 @@ DissipationPanel::DissipationPanel(Session& session, UserPrompts& prompts, Shell
     Handle("cmdListDissipation_Click", [&] { OpenListWindow(); });
   });
   connect(cmdEditDissipation, &QPushButton::clicked, this, [this] {
-    Handle("cmdEditDissipation_Click", [&] { TellNotAvailable(prompts_, "The dissipation editor"); });
+    Handle("cmdEditDissipation_Click", [&] { OpenEditWindow(true); });
   });
   connect(cmdDissipationDone, &QPushButton::clicked, this, [this] {
     Handle("cmdDissipationDone_Click", [&] {
+      // The editor asks about unsaved changes; staying in it stays in the file.
+      if (edit_window_ != nullptr && !edit_window_->close()) return;
       ClosePlotWindow();
       CloseListWindow();
       shell_.DissipationDone();
@@ -93,7 +97,8 @@ void DissipationPanel::Refresh() {
   lblDissipationInfo->setText(ToQString(view.info));
   cmdPlotDissipation->setEnabled(view.plot_enabled);
   cmdListDissipation->setEnabled(view.list_enabled);
-  cmdEditDissipation->setEnabled(view.frame_visible);
+  // FLDACQ files have no editor.
+  cmdEditDissipation->setEnabled(view.frame_visible && HasDissipationEditor(session_.Dissipation()));
   cmdDissipationDone->setEnabled(view.done_enabled);
 }
 
@@ -110,6 +115,8 @@ void DissipationPanel::OpenPlotWindow() {
         if (list_window_ != nullptr) list_window_->Refill();
       },
       [this] { ClosePlotWindow(); }, window());
+  plot_window_->SetEditHandler([this] { Handle("mnuEdit_Click", [&] { OpenEditWindow(false); }); });
+  plot_window_->mnuEdit->setEnabled(HasDissipationEditor(session_.Dissipation()));
   plot_window_->setWindowFlag(Qt::Window);
   plot_window_->show();
 }
@@ -128,6 +135,8 @@ void DissipationPanel::OpenListWindow() {
   CloseListWindow();
   list_window_ = std::make_unique<FrmPPData>(session_, prompts_, selected.front() + 1,
                                              [this] { CloseListWindow(); }, window());
+  list_window_->SetEditHandler([this] { Handle("mnuEdit_Click", [&] { OpenEditWindow(false); }); });
+  list_window_->mnuEdit->setEnabled(HasDissipationEditor(session_.Dissipation()));
   list_window_->setWindowFlag(Qt::Window);
   list_window_->show();
 }
@@ -137,6 +146,50 @@ void DissipationPanel::CloseListWindow() {
   list_window_->close();
   // The close may come from one of the window's own menus, which is still running.
   list_window_.release()->deleteLater();
+}
+
+void DissipationPanel::OpenEditWindow(bool close_others) {
+  if (!HasDissipationEditor(session_.Dissipation())) return;
+  if (close_others) {
+    ClosePlotWindow();
+    CloseListWindow();
+  }
+  if (edit_window_ != nullptr) {
+    edit_window_->raise();
+    edit_window_->activateWindow();
+    return;
+  }
+  edit_window_ = MakeDissipationEditor(
+      session_, prompts_, [this](bool structural) { EditorChanged(structural); },
+      [this] {
+        // On leaving, the main window's depth list is built again from the edited file.
+        controller_.Refill();
+        Refresh();
+        CloseEditWindow();
+      },
+      window());
+  edit_window_->setWindowFlag(Qt::Window);
+  edit_window_->show();
+}
+
+void DissipationPanel::EditorChanged(bool structural) {
+  if (structural) {
+    // Tests came or went: a view of chosen tests starts again from the main window.
+    ClosePlotWindow();
+    CloseListWindow();
+    controller_.SetSelection({});
+  }
+  controller_.Refill();
+  Refresh();
+  if (plot_window_ != nullptr) plot_window_->Repaint();
+  if (list_window_ != nullptr) list_window_->Refill();
+  if (on_changed_) on_changed_();
+}
+
+void DissipationPanel::CloseEditWindow() {
+  if (edit_window_ == nullptr) return;
+  // The close may come from one of the window's own menus, which is still running.
+  edit_window_.release()->deleteLater();
 }
 
 }  // namespace marlview

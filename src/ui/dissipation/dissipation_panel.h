@@ -15,6 +15,7 @@ class QPushButton;
 namespace marlview {
 
 class DissipationController;
+class DissipationEditWindow;
 class Form2;
 class FrmPPData;
 class Session;
@@ -35,6 +36,8 @@ class DissipationPanel : public QGroupBox {
   Form2* PlotWindow() const { return plot_window_.get(); }
   // The list window last opened, until it is closed and deleted.
   FrmPPData* ListWindow() const { return list_window_.get(); }
+  // The editor last opened, until it is closed and deleted.
+  DissipationEditWindow* EditWindow() const { return edit_window_.get(); }
 
   QLabel* lblAvailableDissipations;
   QListWidget* lstAvailableDissipations;
@@ -50,6 +53,11 @@ class DissipationPanel : public QGroupBox {
   void ClosePlotWindow();
   void OpenListWindow();
   void CloseListWindow();
+  // cmdEditDissipation closes the plot and list first; their own mnuEdit keeps them open, and
+  // they follow the edits.
+  void OpenEditWindow(bool close_others);
+  void EditorChanged(bool structural);
+  void CloseEditWindow();
 
   Session& session_;
   UserPrompts& prompts_;
@@ -58,6 +66,7 @@ class DissipationPanel : public QGroupBox {
   std::function<void()> on_changed_;
   std::unique_ptr<Form2> plot_window_;
   std::unique_ptr<FrmPPData> list_window_;
+  std::unique_ptr<DissipationEditWindow> edit_window_;
 };
 
 }  // namespace marlview

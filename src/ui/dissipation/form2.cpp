@@ -148,7 +148,9 @@ void Form2::Connect() {
     if (!path.empty()) PrintPlotToPdf(path, false);
   });
   on(mnuT50Util, "mnuT50Util_Click", [this] { OpenT50Utility(); });
-  on(mnuEdit, "mnuEdit_Click", [this] { TellNotAvailable(prompts_, "The dissipation editor"); });
+  on(mnuEdit, "mnuEdit_Click", [this] {
+    if (on_edit_) on_edit_();
+  });
   on(mnuPrintSettings, "mnuPrintSettings_Click",
      [this] { TellNotAvailable(prompts_, "The dissipation print settings"); });
   on(mnuAdjustLogo, "mnuAdjustLogo_Click", [this] { TellNotAvailable(prompts_, "Adjusting the logo"); });

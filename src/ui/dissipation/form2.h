@@ -36,6 +36,8 @@ class Form2 : public QMainWindow {
   void PrintPlot(bool include_lines);
   // The same page written to a PDF file.
   void PrintPlotToPdf(const std::string& path, bool include_lines);
+  // What mnuEdit opens: the editor of the file, kept by the main window.
+  void SetEditHandler(std::function<void()> on_edit) { on_edit_ = std::move(on_edit); }
   // The T50 utility's window while it is open.
   FrmT50Utility* T50Window() const { return t50_; }
 
@@ -79,6 +81,7 @@ class Form2 : public QMainWindow {
   DissipationPlotState plot_;
   std::function<void()> on_water_table_;
   std::function<void()> on_return_;
+  std::function<void()> on_edit_;
   FrmT50Utility* t50_ = nullptr;
   bool paint_failed_ = false;
 };

@@ -102,7 +102,9 @@ void FrmPPData::Connect() {
   On(mnuSaveFile, "mnuSaveFile_Click", [this] { SaveDissipationList(session_, prompts_, view_, false); });
   On(mnuExportcsvFile, "mnuExportcsvFile_Click",
      [this] { SaveDissipationList(session_, prompts_, view_, true); });
-  On(mnuEdit, "mnuEdit_Click", [this] { TellNotAvailable(prompts_, "The dissipation editor"); });
+  On(mnuEdit, "mnuEdit_Click", [this] {
+    if (on_edit_) on_edit_();
+  });
   On(mnuPrintSettings, "mnuPrintSettings_Click",
      [this] { TellNotAvailable(prompts_, "The dissipation print settings"); });
   // Returning may close and delete this window, so nothing of it is touched afterwards.

@@ -27,6 +27,8 @@ class FrmPPData : public QMainWindow {
   ~FrmPPData() override;
 
   const DissipationListView& View() const { return view_; }
+  // What mnuEdit opens: the editor of the file, kept by the main window.
+  void SetEditHandler(std::function<void()> on_edit) { on_edit_ = std::move(on_edit); }
   // SetHeadersAndOptions and UpdateText: the header, the menus' states and the grid again.
   void Refill();
 
@@ -52,6 +54,7 @@ class FrmPPData : public QMainWindow {
   UserPrompts& prompts_;
   DissipationListView view_;
   std::function<void()> on_return_;
+  std::function<void()> on_edit_;
 };
 
 }  // namespace marlview
