@@ -1,20 +1,18 @@
 // The sounding subcommands of marlview-cli.
 #include "app/cli_commands.h"
 
+#include <algorithm>
 #include <charconv>
 #include <map>
 #include <optional>
 
-#include <QGuiApplication>
-#include <algorithm>
-#include <cstdio>
-#include <nlohmann/json.hpp>
-
 #include "app/cli_dissipation.h"
 #include "app/cli_edit.h"
 #include "app/cli_globals.h"
+#include "app/cli_json.h"
 #include "app/cli_prompts.h"
 #include "app/cli_seismic.h"
+#include "app/cli_verification.h"
 #include "core/common/file_access.h"
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
@@ -32,21 +30,7 @@
 namespace marlview {
 namespace {
 
-using Json = nlohmann::ordered_json;
 
-// Text and pictures need a GUI application even without a window; the CLI runs it offscreen.
-void EnsureGuiApplication() {
-  if (QGuiApplication::instance() != nullptr) return;
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  // Standard error carries the program's own messages only.
-  qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& message) {
-    if (type == QtFatalMsg) std::fputs(qPrintable(message + "\n"), stderr);
-  });
-  static int argc = 1;
-  static char name[] = "marlview-cli";
-  static char* argv[] = {name, nullptr};
-  static QGuiApplication application(argc, argv);
-}
 
 constexpr const char* kUsage =
     "usage: marlview-cli [--data-dir DIR] [--feet] [--water-table D] [--start-depth-unit m|ft]\n"
@@ -66,7 +50,9 @@ constexpr const char* kUsage =
     "                      [--depth TEST:DEPTH] [--adjust-depths TOTAL:OBSERVED] [--delete-test TEST]\n"
     "                      [--append FILE2:OFFSET] [--header NAME=VALUE]... [-o OUT | any output above]\n"
     "                    edit FILE [OPERATION]... (-o OUT [--dat-compatible] | --channels [--kind K])\n"
-    "                    seismic FILE [OPERATION]... [--waves | --velocities]\n";
+    "                    seismic FILE [OPERATION]... [--waves | --velocities]\n"
+    "                    verification FILE [--table | --chart [-o OUT.png] | --report -o OUT.pdf]\n"
+    "                                 [--channel C | --all]\n";
 
 struct Options : GlobalOptions {
   std::vector<std::string> positional;
@@ -126,8 +112,6 @@ Options Parse(const std::vector<std::string>& args) {
   return o;
 }
 
-// A 32-bit value as the shortest decimal that reads back to it.
-Json FloatJson(float value) { return Json(std::stod(ShortestText(value))); }
 
 std::string CsvField(const std::string& text) {
   if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
@@ -304,6 +288,7 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
            const std::string& program_directory) {
   if (IsSubcommand(args, "seismic")) return RunSeismic(args, out, err, program_directory);
   if (IsSubcommand(args, "edit")) return RunEdit(args, out, err, program_directory);
+  if (IsSubcommand(args, "verification")) return RunVerification(args, out, err, program_directory);
   Options options;
   try {
     options = Parse(args);

@@ -3,9 +3,9 @@
 
 #include <algorithm>
 #include <charconv>
-#include <nlohmann/json.hpp>
 
 #include "app/cli_globals.h"
+#include "app/cli_json.h"
 #include "app/cli_prompts.h"
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
@@ -22,11 +22,7 @@
 namespace marlview {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 constexpr int kImageWidth = 1600, kImageHeight = 1200;
-
-Json FloatJson(float value) { return Json(std::stod(ShortestText(value))); }
 
 // A number of the command line, or nothing when it is not one.
 std::optional<double> Number(const std::string& text) {

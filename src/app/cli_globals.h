@@ -35,4 +35,8 @@ bool GlobalOptionTakesValue(const std::string& a);
 // Whether the command line's subcommand, its first word that is no option, is name.
 bool IsSubcommand(const std::vector<std::string>& args, std::string_view name);
 
+// Text and pictures need a GUI application even without a window; the CLI runs it offscreen, and
+// only the subcommands that draw start it.
+void EnsureGuiApplication();
+
 }  // namespace marlview

@@ -7,6 +7,7 @@
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
+#include "core/io/qrd_header.h"
 #include "core/model/unit_tables.h"
 #include "core/session/dissipation_set.h"
 #include "core/session/session.h"
@@ -86,8 +87,7 @@ std::string FieldboxDissipationBytes(const DissipationSet& set, const UnitTables
   Line(out, set.Comments + " => Comments");
   Line(out, set.TestDate + " => Date");
   Line(out, set.StartTime + " => Start Time");
-  Line(out, set.GpsLatitude + "," + set.GpsLongitude + "," + set.GpsElevation + "," + set.GpsSatellites + "," +
-                set.GpsQuality + "  => GPS Data (Lat, Lon, Elev, NSat, Qual)");
+  Line(out, QrdGpsLine(set.GpsLatitude, set.GpsLongitude, set.GpsElevation, set.GpsSatellites, set.GpsQuality));
   Line(out, set.Client + " => Client");
   Line(out, set.ClientRepresentative + " => Client Representative");
   Line(out, set.Weather + " => Weather");

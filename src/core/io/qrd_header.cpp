@@ -19,6 +19,17 @@ std::string_view SplitQrdGps(std::string_view line, const GpsPieces& pieces) {
   return gps;
 }
 
+std::string QrdGpsLine(std::string_view lat, std::string_view lon, std::string_view elev, std::string_view nsat,
+                       std::string_view qual) {
+  std::string line;
+  for (std::string_view piece : {lat, lon, elev, nsat, qual}) {
+    if (!line.empty()) line += ',';
+    line += piece.empty() ? std::string_view("0") : piece;
+  }
+  line.resize(TrimRightBlanks(line).size());
+  return line + "  => GPS Data (Lat, Lon, Elev, NSat, Qual)";
+}
+
 void SplitGpsText(std::string_view gps, std::span<std::string* const> pieces) {
   std::string_view rest = gps;
   for (size_t i = 0; i < pieces.size(); ++i) {

@@ -21,6 +21,11 @@ struct GpsPieces {
   std::string *lat, *lon, *elev, *nsat, *qual;
 };
 std::string_view SplitQrdGps(std::string_view line, const GpsPieces& pieces);
+// The GPS header line the QRD FIELDBOX writers put down: the pieces joined by commas, an empty one
+// as "0", then two blanks and the label. The blank a read leaves at the end of the quality is the
+// first of those two, so it is not written twice: a file saved again and again keeps its line.
+std::string QrdGpsLine(std::string_view lat, std::string_view lon, std::string_view elev, std::string_view nsat,
+                       std::string_view qual);
 
 // Splits a GPS text at its commas into the pieces in order, blanks kept, the last taking
 // what remains; a piece left empty is "0". The PX DAS header's GPS line is split this way whatever

@@ -9,6 +9,7 @@
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
+#include "core/io/qrd_header.h"
 
 namespace marlview {
 namespace {
@@ -177,14 +178,7 @@ void DatWriter::Header() {
 
 // Every piece is written, an empty one as "0", so a line kept without a hemisphere letter goes out
 // as "0,0,0,0,0".
-void DatWriter::GpsLine() {
-  const std::array<const std::string*, 5> pieces = {&s_.GpsLat, &s_.GpsLon, &s_.GpsElev, &s_.GpsNSat, &s_.GpsQual};
-  for (size_t i = 0; i < pieces.size(); ++i) {
-    if (i > 0) out_ += ',';
-    out_ += pieces[i]->empty() ? std::string_view("0") : std::string_view(*pieces[i]);
-  }
-  Line("  => GPS Data (Lat, Lon, Elev, NSat, Qual)");
-}
+void DatWriter::GpsLine() { Line(QrdGpsLine(s_.GpsLat, s_.GpsLon, s_.GpsElev, s_.GpsNSat, s_.GpsQual)); }
 
 //   Channel                      1               2               3
 //   Sensor                     Tip          Sleeve   Pore Pressure
