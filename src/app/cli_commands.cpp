@@ -15,6 +15,7 @@
 #include "app/cli_globals.h"
 #include "app/cli_prompts.h"
 #include "app/cli_seismic.h"
+#include "app/cli_settings.h"
 #include "core/common/file_access.h"
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
@@ -63,7 +64,9 @@ constexpr const char* kUsage =
     "                    dissipation FILE --test N --csv|--txt -o OUT [--percent-max] [--percent-head]\n"
     "                    dissipation FILE --export txt|csv|txt-each|csv-each -o OUT\n"
     "                    edit FILE [OPERATION]... (-o OUT [--dat-compatible] | --channels [--kind K])\n"
-    "                    seismic FILE [OPERATION]... [--waves | --velocities]\n";
+    "                    seismic FILE [OPERATION]... [--waves | --velocities]\n"
+    "                    settings show | settings set KEY=VALUE...\n"
+    "                    template save|select|delete NAME ... | template apply FILE [NAME]\n";
 
 struct Options : GlobalOptions {
   std::vector<std::string> positional;
@@ -299,6 +302,8 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
            const std::string& program_directory) {
   if (IsSubcommand(args, "seismic")) return RunSeismic(args, out, err, program_directory);
   if (IsSubcommand(args, "edit")) return RunEdit(args, out, err, program_directory);
+  if (IsSubcommand(args, "settings")) return RunSettings(args, out, err, program_directory);
+  if (IsSubcommand(args, "template")) return RunTemplate(args, out, err, program_directory);
   Options options;
   try {
     options = Parse(args);
