@@ -45,7 +45,7 @@ class SettingsWindowsTest : public QObject, protected marlview::test::MainWindow
   void cleanup() { StopMainWindow(); }
 
   void GeneralSettingsRefuseAWideToleranceThenSurviveARestart() {
-    marlview::test::AnswerModal<FrmGeneralSettings>(this, [this](FrmGeneralSettings* dialog) {
+    marlview::test::AnswerModal<FrmGeneralSettings>(this, [](FrmGeneralSettings* dialog) {
       dialog->txtCustomer->setText("Delta Bridge");
       dialog->txtDuplicateDepthTolerance->setText("0.02");
       QTest::mouseClick(dialog->cmdOK, Qt::LeftButton);

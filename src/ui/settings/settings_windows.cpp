@@ -379,11 +379,14 @@ FrmAdjustLogo::FrmAdjustLogo(Session& session, UserPrompts& prompts, ReportFamil
       if (check->isEnabled()) check->setChecked(all);
     }
   });
-  const std::pair<QPushButton*, std::pair<int, int>> moves[] = {
-      {cmdUp, {0, -kLogoStep}}, {cmdDown, {0, kLogoStep}}, {cmdLeft, {-kLogoStep, 0}}, {cmdRight, {kLogoStep, 0}}};
-  for (const auto& [button, step] : moves) {
-    const auto [dx, dy] = step;
-    connect(button, &QPushButton::clicked, this, [this, dx, dy] {
+  struct Move {
+    QPushButton* button;
+    int dx, dy;
+  };
+  for (const Move& move : {Move{cmdUp, 0, -kLogoStep}, Move{cmdDown, 0, kLogoStep}, Move{cmdLeft, -kLogoStep, 0},
+                           Move{cmdRight, kLogoStep, 0}}) {
+    const int dx = move.dx, dy = move.dy;
+    connect(move.button, &QPushButton::clicked, this, [this, dx, dy] {
       Handle("cmdMove_Click", [&] {
         MoveLogo(session_.logo, Ticked(), dx, dy);
         Changed();
