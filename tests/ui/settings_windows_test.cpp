@@ -2,6 +2,7 @@
 // print setting changed and saved, then read back by a fresh session from the same directory.
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
@@ -96,6 +97,37 @@ class SettingsWindowsTest : public QObject, protected marlview::test::MainWindow
     QCOMPARE(px.Plot.PrintLogo, marlview::kLogoNone);
     QCOMPARE(px.List.LeftMargin, 0.75f);
     QVERIFY(!marlview::FileExists(t_->data.File("FIELDBOX SOUNDING HEADERS.txt")));
+  }
+
+  void ATemplateSavedAsDefaultFillsTheSelectionOfTheNextSounding() {
+    const std::string sounding = marlview::test::SamplesDirectory() + "/CPT-A01.DAT";
+    t_->prompts.Script({sounding});
+    marlview::test::ClickOption(form_->optProcessSounding);
+    QVERIFY(form_->lstAvailableChannels->count() > 3);
+    marlview::test::ClickRow(form_->lstAvailableChannels, 3);
+    marlview::test::ClickRow(form_->lstAvailableChannels, 0);
+    const QStringList chosen = {form_->lstSelectedChannels->item(0)->text(), form_->lstSelectedChannels->item(1)->text()};
+    marlview::test::AnswerModal<marlview::FrmSoundingSaveTemplate>(this, [](marlview::FrmSoundingSaveTemplate* dialog) {
+      dialog->txtTemplateName->setText("Bridge");
+      dialog->chkSetAsDefault->setChecked(true);
+      QTest::mouseClick(dialog->cmdOK, Qt::LeftButton);
+    });
+    form_->mnuSaveTemplate->trigger();
+    QVERIFY(marlview::FileExists(t_->data.File("Bridge.tem")));
+
+    // The select dialog opens on the default, ticked; OK applies it to a cleared selection.
+    QTest::mouseClick(form_->findChild<QPushButton*>("cmdClearSelection"), Qt::LeftButton);
+    QCOMPARE(form_->lstSelectedChannels->count(), 0);
+    marlview::test::AnswerModal<marlview::FrmSoundingTemplate>(this, [](marlview::FrmSoundingTemplate* dialog) {
+      if (dialog->File1->currentItem() == nullptr || !dialog->chkSetAsDefault->isChecked()) qFatal("no default shown");
+      if (dialog->lstTemplateChannels->count() != 2) qFatal("the template's channels are not shown");
+      QTest::mouseClick(dialog->cmdOK, Qt::LeftButton);
+    });
+    form_->mnuSelectTemplate->trigger();
+    QCOMPARE(form_->lstSelectedChannels->count(), 2);
+    QCOMPARE(form_->lstSelectedChannels->item(0)->text(), chosen[0]);
+    QCOMPARE(form_->lstSelectedChannels->item(1)->text(), chosen[1]);
+    QVERIFY(t_->prompts.Texts().empty());
   }
 };
 
