@@ -167,10 +167,6 @@ void Form4::Handle(const char* source, const std::function<void()>& handler) {
   Repaint();
 }
 
-void Form4::NotAvailable(const char* what) {
-  TellNotAvailable(prompts_, what);
-}
-
 void Form4::Connect() {
   picPlot->on_paint = [this] { PaintPlot(); };
   picPlot->on_mouse_move = [this](QPointF at) {

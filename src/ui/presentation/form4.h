@@ -97,7 +97,6 @@ class Form4 : public QMainWindow {
   void ClearReadout();
   void PrintPages(PrintJob& job);
   void SetDepthUnit(int unit);
-  void NotAvailable(const char* what);
 
   Session& session_;
   UserPrompts& prompts_;
