@@ -12,6 +12,7 @@
 #include "app/cli_json.h"
 #include "app/cli_prompts.h"
 #include "app/cli_seismic.h"
+#include "app/cli_settings.h"
 #include "app/cli_verification.h"
 #include "core/common/file_access.h"
 #include "core/common/number_read.h"
@@ -52,7 +53,9 @@ constexpr const char* kUsage =
     "                    edit FILE [OPERATION]... (-o OUT [--dat-compatible] | --channels [--kind K])\n"
     "                    seismic FILE [OPERATION]... [--waves | --velocities]\n"
     "                    verification FILE [--table | --chart [-o OUT.png] | --report -o OUT.pdf]\n"
-    "                                 [--channel C | --all]\n";
+    "                                 [--channel C | --all]\n"
+    "                    settings show | settings set KEY=VALUE...\n"
+    "                    template save|select|delete NAME ... | template apply FILE [NAME]\n";
 
 struct Options : GlobalOptions {
   std::vector<std::string> positional;
@@ -289,6 +292,8 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
   if (IsSubcommand(args, "seismic")) return RunSeismic(args, out, err, program_directory);
   if (IsSubcommand(args, "edit")) return RunEdit(args, out, err, program_directory);
   if (IsSubcommand(args, "verification")) return RunVerification(args, out, err, program_directory);
+  if (IsSubcommand(args, "settings")) return RunSettings(args, out, err, program_directory);
+  if (IsSubcommand(args, "template")) return RunTemplate(args, out, err, program_directory);
   Options options;
   try {
     options = Parse(args);
