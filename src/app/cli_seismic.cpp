@@ -7,13 +7,13 @@
 #include <cmath>
 #include <filesystem>
 #include <functional>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <stdexcept>
 #include <system_error>
 #include <utility>
 
 #include "app/cli_globals.h"
+#include "app/cli_json.h"
 #include "app/cli_prompts.h"
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
@@ -28,8 +28,6 @@
 
 namespace marlview {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 constexpr const char* kSeismicUsage =
     "usage: marlview-cli [global options] seismic FILE [--delay-warning S|P] [--arrival-error A|B|P|NONE]\n"
@@ -284,8 +282,6 @@ std::string FloatText(float value) {
   if (text.find_first_of(".eEin") == std::string::npos) text += ".0";
   return text;
 }
-
-Json FloatJson(float value) { return Json(std::stod(ShortestText(value))); }
 
 const char* KindLetter(int kind) { return kind == kStrikeA ? "A" : kind == kStrikeB ? "B" : "P"; }
 
