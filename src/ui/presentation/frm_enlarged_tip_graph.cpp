@@ -156,7 +156,10 @@ void FrmEnlargedTipGraph::Paint(TipGraphPicture* picture, const std::function<vo
 void FrmEnlargedTipGraph::Connect() {
   const std::pair<TipGraphPicture*, TipGraphChannel> large[] = {{pctEnlargedTip, TipGraphChannel::kTip},
                                                                 {pctEnlargedFriction, TipGraphChannel::kFriction}};
-  for (const auto& [picture, graph] : large) {
+  // Each picture and its graph by value: the handlers below keep their own copies.
+  for (const auto& entry : large) {
+    TipGraphPicture* picture = entry.first;
+    const TipGraphChannel graph = entry.second;
     const bool tip = graph == TipGraphChannel::kTip;
     picture->on_paint = [this, picture, graph] {
       Paint(picture, [&](DrawingSurface& g) { tool_.GraphData(g, graph, picture->width(), picture->height()); });
@@ -184,7 +187,9 @@ void FrmEnlargedTipGraph::Connect() {
   }
   const std::pair<TipGraphPicture*, TipGraphChannel> overviews[] = {{pctTip, TipGraphChannel::kTip},
                                                                     {pctFriction, TipGraphChannel::kFriction}};
-  for (const auto& [picture, graph] : overviews) {
+  for (const auto& entry : overviews) {
+    TipGraphPicture* picture = entry.first;
+    const TipGraphChannel graph = entry.second;
     picture->on_paint = [this, picture, graph] {
       Paint(picture, [&](DrawingSurface& g) { tool_.GraphOverview(g, graph, picture->width(), picture->height()); });
     };
