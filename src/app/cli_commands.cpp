@@ -14,6 +14,7 @@
 #include "app/cli_edit.h"
 #include "app/cli_globals.h"
 #include "app/cli_prompts.h"
+#include "app/cli_report.h"
 #include "app/cli_seismic.h"
 #include "core/common/file_access.h"
 #include "core/common/number_read.h"
@@ -34,20 +35,6 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-// Text and pictures need a GUI application even without a window; the CLI runs it offscreen.
-void EnsureGuiApplication() {
-  if (QGuiApplication::instance() != nullptr) return;
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  // Standard error carries the program's own messages only.
-  qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& message) {
-    if (type == QtFatalMsg) std::fputs(qPrintable(message + "\n"), stderr);
-  });
-  static int argc = 1;
-  static char name[] = "marlview-cli";
-  static char* argv[] = {name, nullptr};
-  static QGuiApplication application(argc, argv);
-}
-
 constexpr const char* kUsage =
     "usage: marlview-cli [--data-dir DIR] [--feet] [--water-table D] [--start-depth-unit m|ft]\n"
     "                    [--spikes remove|keep] [--munsell import|skip] [--tip-area MM2] [--yes]\n"
@@ -63,7 +50,9 @@ constexpr const char* kUsage =
     "                    dissipation FILE --test N --csv|--txt -o OUT [--percent-max] [--percent-head]\n"
     "                    dissipation FILE --export txt|csv|txt-each|csv-each -o OUT\n"
     "                    edit FILE [OPERATION]... (-o OUT [--dat-compatible] | --channels [--kind K])\n"
-    "                    seismic FILE [OPERATION]... [--waves | --velocities]\n";
+    "                    seismic FILE [OPERATION]... [--waves | --velocities]\n"
+    "                    report FILE -o OUT.pdf [--pages plot|list|both] [--channel NAME]...\n"
+    "                    chart FILE (-o OUT.png|OUT.pdf [--width W --height H] | --points)\n";
 
 struct Options : GlobalOptions {
   std::vector<std::string> positional;
@@ -177,29 +166,11 @@ Json InfoJson(const SoundingStore& s) {
   return info;
 }
 
-// The channels named on the command line, or the main window's list in its order; false (and the
-// usage) for a name the sounding does not have.
-bool ChooseChannels(ShellController& controller, const Options& options, size_t limit, std::ostream& err) {
-  const auto& rows = controller.View().available_rows;
-  if (options.channel_names.empty()) {
-    for (size_t row = 0; row < rows.size() && row < limit; ++row) controller.ClickAvailableChannel(static_cast<int>(row));
-    return true;
-  }
-  for (const std::string& name : options.channel_names) {
-    const auto found = std::find(rows.begin(), rows.end(), name);
-    if (found == rows.end()) {
-      err << "marlview-cli: no channel named '" << name << "'\n" << kUsage;
-      return false;
-    }
-    controller.ClickAvailableChannel(static_cast<int>(found - rows.begin()));
-  }
-  return true;
-}
 
 // Writes the list's export files for the chosen channels.
 int RunExport(Session& session, ShellController& controller, CliPrompts& prompts, const Options& options,
               std::ostream& err) {
-  if (!ChooseChannels(controller, options, 30, err)) return 2;
+  if (!ChooseChannels(controller, options.channel_names, 30, err, kUsage)) return 2;
   ExportOptions exported;
   exported.channels = controller.SelectedChannels();
   exported.include_header = !options.no_header;
@@ -237,7 +208,7 @@ int RunExport(Session& session, ShellController& controller, CliPrompts& prompts
 // the plot window's picture into a PNG or its printed page into a PDF.
 int RunPlot(Session& session, ShellController& controller, CliPrompts& prompts, const Options& options,
             std::ostream& err) {
-  if (!ChooseChannels(controller, options, kMaxPlotColumns, err)) return 2;
+  if (!ChooseChannels(controller, options.channel_names, kMaxPlotColumns, err, kUsage)) return 2;
   // A refused selection has been told; nothing is drawn.
   if (!controller.PlotSounding()) return 1;
   EnsureGuiApplication();
@@ -265,6 +236,37 @@ int RunPlot(Session& session, ShellController& controller, CliPrompts& prompts, 
 }
 
 }  // namespace
+
+void EnsureGuiApplication() {
+  if (QGuiApplication::instance() != nullptr) return;
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  // Standard error carries the program's own messages only.
+  qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& message) {
+    if (type == QtFatalMsg) std::fputs(qPrintable(message + "\n"), stderr);
+  });
+  static int argc = 1;
+  static char name[] = "marlview-cli";
+  static char* argv[] = {name, nullptr};
+  static QGuiApplication application(argc, argv);
+}
+
+bool ChooseChannels(ShellController& controller, const std::vector<std::string>& names, size_t limit,
+                    std::ostream& err, std::string_view usage) {
+  const auto& rows = controller.View().available_rows;
+  if (names.empty()) {
+    for (size_t row = 0; row < rows.size() && row < limit; ++row) controller.ClickAvailableChannel(static_cast<int>(row));
+    return true;
+  }
+  for (const std::string& name : names) {
+    const auto found = std::find(rows.begin(), rows.end(), name);
+    if (found == rows.end()) {
+      err << "marlview-cli: no channel named '" << name << "'\n" << usage;
+      return false;
+    }
+    controller.ClickAvailableChannel(static_cast<int>(found - rows.begin()));
+  }
+  return true;
+}
 
 // The table is built in one text, a number at a time, and written at once.
 void WriteChannelsCsv(const SoundingStore& s, const ChannelTableView& o, std::ostream& out) {
@@ -299,6 +301,7 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
            const std::string& program_directory) {
   if (IsSubcommand(args, "seismic")) return RunSeismic(args, out, err, program_directory);
   if (IsSubcommand(args, "edit")) return RunEdit(args, out, err, program_directory);
+  if (IsSubcommand(args, "chart")) return RunChart(args, out, err, program_directory);
   Options options;
   try {
     options = Parse(args);
