@@ -74,15 +74,16 @@ TEST(Startup, AShortSettingsFileIsReportedAndStartUpGoesOn) {
   RunStartup(session, prompts);
   const std::vector<std::string> expected = {
       "! Marlview has encountered an error: Error #62: 'Input past end of file' from 'ReadGeneralSettings'",
-      "! Marlview has encountered an error: Error #62: 'Input past end of file' from 'ReadReportHeaders'",
+      "! Marlview has encountered an error: Error #62: 'Input past end of file' from 'ReadQ3mtlSeismicHeaders'",
       "! Marlview has encountered an error: Error #62: 'Input past end of file' from 'ReadOrderedEcpChannels'",
   };
   EXPECT_EQ(prompts.Log(), expected);
   EXPECT_EQ(session.general.CompanyGraphTitle, "") << "a file that fails keeps its defaults";
   EXPECT_EQ(session.choices.UseUnitsFromFile, 0) << "the files after it are still read";
-  EXPECT_FLOAT_EQ(session.logo.Scale[0], 80);
-  EXPECT_EQ(session.logo.Placement[1], -20);
-  EXPECT_EQ(session.report_header_lines.count("Q3MTL SEISMIC HEADERS.txt"), 0u);
+  EXPECT_FLOAT_EQ(session.logo.LogoScale[0], 80);
+  EXPECT_EQ(session.logo.LogoOffsetY[0], -20);
+  EXPECT_EQ(session.Report(ReportFamily::kPxDas, ReportKind::kSeismic).Cover.MainHeaderSource[0], 1)
+      << "a short print settings file keeps all its defaults, not the lines it had";
 }
 
 }  // namespace

@@ -183,7 +183,7 @@ void DissipationDrawing::Header() {
   Text(plot_.PlotLeft, y + line_ * 2, plot_.Title);
   const std::string logo = session_.SettingsPath("logo.jpg");
   if (FileExists(logo)) {
-    const double scale = session_.logo.Scale[2] / 100.0;
+    const double scale = session_.logo.LogoScale[2] / 100.0;
     const double w = kLogoWidthInches * kUnitsPerInch * scale, h = kLogoHeightInches * kUnitsPerInch * scale;
     g_.PaintPicture(Picture{logo}, plot_.PlotRight - w, line_ * 0.3, w,
                     std::min(h, plot_.PlotTop - line_ * 0.6));

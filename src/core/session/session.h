@@ -14,6 +14,7 @@
 #include "core/session/chart_data.h"
 #include "core/session/dissipation_set.h"
 #include "core/session/seismic_store.h"
+#include "core/settings/report_settings.h"
 #include "core/settings/settings_files.h"
 
 namespace marlview {
@@ -86,8 +87,10 @@ class Session {
   // A combined or side-by-side view of several soundings is open: push speed is not derived.
   bool CombinedModeActive = false;
   LogoSettings logo;
-  // The lines of each report heading file that was found, by file name.
-  std::map<std::string, std::vector<std::string>> report_header_lines;
+  // The furniture of every report, by family and report kind.
+  PrintSettings print_settings;
+  ReportSettings& Report(ReportFamily family, ReportKind kind) { return print_settings.Of(family, kind); }
+  const ReportSettings& Report(ReportFamily family, ReportKind kind) const { return print_settings.Of(family, kind); }
 
   float FeetPerMetre = kFeetPerMetre;
   bool DecimalComma = false;
@@ -103,6 +106,16 @@ class Session {
   float SbtBrightnessFactor = 0;
   float LogoScaleFactor = 100;
   std::array<int16_t, 12> LastPrintSettings{};
+  int16_t DefaultPPFormat = 0;
+  int16_t DefaultEcpUnits = 0;
+  int16_t PrintSeismicTxtHeader = 0;
+  // "Multiple Sounding Preferences.txt": 0 batch; the scaling word.
+  int16_t MultipleSoundingMode = 0;
+  int16_t MultipleSoundingScaling = 0;
+  // The default template's file name ("Bridge.tem"), empty for none.
+  std::string DefaultTemplate;
+  // The stored selection UseSoundingTemplate applies: channel names in order.
+  std::vector<std::string> TemplateSelection;
   std::vector<int16_t> OrderedEcpChannels;
   std::vector<std::string> OrderedEcpNames;
 

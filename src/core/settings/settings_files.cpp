@@ -1,6 +1,7 @@
 // Reading and writing of the start-up settings files.
 #include "core/settings/settings_files.h"
 
+#include <charconv>
 #include <cmath>
 
 #include "core/common/line_cursor.h"
@@ -9,9 +10,21 @@
 
 namespace marlview {
 
-int16_t ToSetting16(double value) { return ToInteger16(value); }
+int16_t ToSetting16(double value) { return ToInteger16(std::round(value)); }
 
-std::string NumberLine(double value) { return ShortestText(value) + "\r\n"; }
+std::string NumberLine(int value) { return std::to_string(value) + "\r\n"; }
+
+std::string NumberLine(float value) {
+  char buffer[64];
+  const auto end = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed).ptr;
+  return std::string(buffer, end) + "\r\n";
+}
+
+std::string NumberLine(double value) {
+  char buffer[400];
+  const auto end = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed).ptr;
+  return std::string(buffer, end) + "\r\n";
+}
 
 std::vector<double> ReadNumberLines(std::string_view bytes, int count) {
   LineCursor lines(bytes);
@@ -40,11 +53,34 @@ CustomHeaders ReadCustomHeaders(std::string_view bytes) {
 }
 
 LogoSettings ReadLogoSettings(std::string_view bytes) {
-  const auto numbers = ReadNumberLines(bytes, 15);
+  const auto numbers = ReadNumberLines(bytes, 3 * kLogoReportKinds);
   LogoSettings logo;
-  for (size_t i = 0; i < logo.Scale.size(); ++i) logo.Scale[i] = ToSingle(numbers[i]);
-  for (size_t i = 0; i < logo.Placement.size(); ++i) logo.Placement[i] = ToSetting16(numbers[i + 5]);
+  for (size_t k = 0; k < kLogoReportKinds; ++k) {
+    logo.LogoScale[k] = ToSingle(numbers[k]);
+    logo.LogoOffsetX[k] = ToSetting16(numbers[kLogoReportKinds + 2 * k]);
+    logo.LogoOffsetY[k] = ToSetting16(numbers[kLogoReportKinds + 2 * k + 1]);
+  }
   return logo;
+}
+
+std::string WriteLogoSettings(const LogoSettings& logo) {
+  std::string bytes;
+  for (float scale : logo.LogoScale) bytes += NumberLine(scale);
+  for (size_t k = 0; k < kLogoReportKinds; ++k) {
+    bytes += NumberLine(logo.LogoOffsetX[k]);
+    bytes += NumberLine(logo.LogoOffsetY[k]);
+  }
+  return bytes;
+}
+
+std::string WriteCustomHeaders(const CustomHeaders& headers) {
+  std::string bytes;
+  for (int row = 0; row < kCustomHeaderRows; ++row) {
+    for (int column = 0; column < kCustomHeaderColumns; ++column) {
+      bytes += headers.label[row][column] + "\r\n" + headers.value[row][column] + "\r\n";
+    }
+  }
+  return bytes;
 }
 
 GeneralSettings ReadGeneralSettings(std::string_view bytes) {
@@ -65,8 +101,8 @@ GeneralSettings ReadGeneralSettings(std::string_view bytes) {
 }
 
 std::string WriteGeneralSettings(const GeneralSettings& s) {
-  return s.CompanyGraphTitle + "\r\n" + s.Customer + "\r\n" + NumberLine(s.DefaultSystem) +
-         NumberLine(s.DefaultDepthUnits) + NumberLine(s.SecondUnitsWord) +
+  return s.CompanyGraphTitle + "\r\n" + s.Customer + "\r\n" + NumberLine(int{s.DefaultSystem}) +
+         NumberLine(int{s.DefaultDepthUnits}) + NumberLine(int{s.SecondUnitsWord}) +
          NumberLine(s.SoilDensity) + NumberLine(s.SoilDensityUnits) + NumberLine(s.NetAreaRatio) +
          NumberLine(s.SuppressDuplicateDepths) + NumberLine(s.DuplicateDepthTolerance) +
          NumberLine(s.SuppressNotConnected);

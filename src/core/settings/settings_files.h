@@ -13,7 +13,8 @@ namespace marlview {
 struct GeneralSettings {
   std::string CompanyGraphTitle;
   std::string Customer;
-  int16_t DefaultSystem = 0;
+  // The first file filter of the open dialogs.
+  int16_t DefaultSystem = 3;
   // 1: metres; also the depth unit the program starts in.
   int16_t DefaultDepthUnits = 1;
   int16_t SecondUnitsWord = 1;
@@ -21,9 +22,10 @@ struct GeneralSettings {
   float SoilDensity = 120;
   int16_t SoilDensityUnits = 0;
   float NetAreaRatio = 0.8f;
-  int16_t SuppressDuplicateDepths = 0;
-  float DuplicateDepthTolerance = 0.001f;
-  int16_t SuppressNotConnected = 0;
+  int16_t SuppressDuplicateDepths = 1;
+  // Metres.
+  float DuplicateDepthTolerance = 0.005f;
+  int16_t SuppressNotConnected = 1;
 };
 
 GeneralSettings ReadGeneralSettings(std::string_view bytes);
@@ -57,39 +59,32 @@ struct CustomHeaders {
   std::array<std::array<std::string, kCustomHeaderColumns>, kCustomHeaderRows> value;
 };
 CustomHeaders ReadCustomHeaders(std::string_view bytes);
+std::string WriteCustomHeaders(const CustomHeaders& headers);
 
-// "Logo Settings.txt": the logo's scale in percent for each of the five report kinds, then its
-// placement, x and y for each kind in turn.
+// "Logo Settings.txt": the logo's scale in percent for each of the five report kinds (sounding
+// plot, sounding list, dissipation plot, dissipation list, seismic graph), then its offset from the
+// report's own place, x and y for each kind in turn, in surface units.
+inline constexpr int kLogoReportKinds = 5;
 struct LogoSettings {
-  std::array<float, 5> Scale{100, 100, 100, 100, 100};
-  std::array<int16_t, 10> Placement{};
+  std::array<float, kLogoReportKinds> LogoScale{100, 100, 100, 100, 100};
+  std::array<int16_t, kLogoReportKinds> LogoOffsetX{};
+  std::array<int16_t, kLogoReportKinds> LogoOffsetY{};
 };
 LogoSettings ReadLogoSettings(std::string_view bytes);
-
-// The report heading files of each family, kept as their lines until the report model reads them:
-// name and number of fields, in the order the main window reads them at start.
-struct ReportHeaderFile {
-  const char* name;
-  int fields;
-};
-inline constexpr ReportHeaderFile kSoundingHeaderFiles[] = {{"FIELDBOX SOUNDING HEADERS.txt", 49},
-                                                            {"Q3MTL SOUNDING HEADERS.txt", 49}};
-inline constexpr ReportHeaderFile kDissipationHeaderFiles[] = {{"FIELDBOX PP HEADERS.txt", 40},
-                                                               {"Q3MTL PP HEADERS.txt", 40}};
-inline constexpr ReportHeaderFile kSeismicHeaderFiles[] = {{"FIELDBOX SEISMIC HEADERS.txt", 22},
-                                                           {"Q3MTL SEISMIC HEADERS.txt", 22}};
-inline constexpr ReportHeaderFile kVideoHeaderFiles[] = {{"FIELDBOX OCPT HEADERS.txt", 14},
-                                                         {"Q3MTL OCPT HEADERS.txt", 14}};
+std::string WriteLogoSettings(const LogoSettings& logo);
 
 // The first count lines of a file; a shorter file fails with "Input past end of file".
 std::vector<std::string> ReadTextLines(std::string_view bytes, int count);
 
 // A file of one number a line; missing lines fail with "Input past end of file".
 std::vector<double> ReadNumberLines(std::string_view bytes, int count);
-// A 16-bit setting read leniently and rounded.
+// A 16-bit setting read leniently, rounded half away from zero.
 int16_t ToSetting16(double value);
 
-// One number as a settings file holds it, with the line end of the field systems.
+// One number as a settings file holds it, with the line end of the field systems: a word as a whole
+// number, a 32-bit float as the shortest plain decimal that reads back to it ("0.8", never "8e-1").
+std::string NumberLine(int value);
+std::string NumberLine(float value);
 std::string NumberLine(double value);
 
 }  // namespace marlview

@@ -15,6 +15,7 @@
 #include "core/model/conversion.h"
 #include "core/shell/add_data.h"
 #include "core/settings/settings_files.h"
+#include "core/settings/templates.h"
 
 namespace marlview {
 namespace {
@@ -89,6 +90,12 @@ void ShellController::ProcessSounding() {
   view_.test_type_visible = false;
   view_.sounding_frame_visible = true;
   session_.Sounding().WaterTableDepth = -99;
+  // The default template's channels fill the selection of the sounding about to open; a default
+  // whose file is gone leaves it empty.
+  session_.TemplateSelection.clear();
+  TellFailures(prompts_, "ProcessSounding", [&] {
+    session_.TemplateSelection = ReadDefaultTemplateSelection(session_.Paths().data_directory);
+  });
   bool opened = false;
   if (!TellFailures(prompts_, "ProcessSounding", [&] { opened = OpenSoundingFile(); })) {
     // A read that fails leaves no half-read sounding on show.
@@ -133,6 +140,7 @@ bool ShellController::OpenSoundingFile() {
   }
   if (const auto drillout = DrilloutMessage(session_)) prompts_.Tell(*drillout);
   PopulateChannelList();
+  if (!session_.TemplateSelection.empty()) UseSoundingTemplate(session_.TemplateSelection);
   view_.available_list_visible = true;
   session_.SoundingDirectory = std::string(FolderPart(path));
   session_.SoundingOpen = true;
@@ -204,6 +212,17 @@ void ShellController::ClickAvailableChannel(int row) {
   } else {
     selected_.push_back(channel);
     view_.selected_rows.push_back(session_.Sounding().ChannelName[channel]);
+  }
+  UpdateButtons();
+}
+
+void ShellController::UseSoundingTemplate(const std::vector<std::string>& names) {
+  session_.TemplateSelection = names;
+  selected_.clear();
+  view_.selected_rows.clear();
+  for (int row : marlview::UseSoundingTemplate(view_.available_rows, names)) {
+    selected_.push_back(available_[static_cast<size_t>(row)]);
+    view_.selected_rows.push_back(view_.available_rows[static_cast<size_t>(row)]);
   }
   UpdateButtons();
 }

@@ -50,6 +50,9 @@ class ShellController {
   // A click on a row of the upper list: adds the channel below, or takes it out when already there.
   void ClickAvailableChannel(int row);
   void ClearSelection();
+  // UseSoundingTemplate: the selection becomes the template's channels that the sounding has, in
+  // the template's order; the names are kept as the stored selection.
+  void UseSoundingTemplate(const std::vector<std::string>& names);
   // The checks of the plot button; true when the selection can be plotted.
   bool CheckPlotSelection();
   // The plot button: true when the plot window is to open on the selected channels.

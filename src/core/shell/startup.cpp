@@ -8,6 +8,7 @@
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
 #include "core/derivation/sbt1983.h"
+#include "core/settings/templates.h"
 
 namespace marlview {
 namespace fs = std::filesystem;
@@ -24,6 +25,12 @@ void ReadSetting(Session& session, UserPrompts& prompts, const std::string& name
   TellFailures(prompts, source, [&] { reader(*bytes); });
 }
 
+// A file of one 16-bit word.
+void ReadOneWord(Session& session, UserPrompts& prompts, const std::string& name, int16_t& word) {
+  ReadSetting(session, prompts, name, "Form_Load",
+              [&](std::string_view b) { word = ToSetting16(ReadNumberLines(b, 1)[0]); });
+}
+
 // Writes a default back at once, so the next run and the settings dialogs find the file.
 void WriteBackWhenMissing(Session& session, UserPrompts& prompts, const std::string& name,
                           const std::string& bytes) {
@@ -32,12 +39,11 @@ void WriteBackWhenMissing(Session& session, UserPrompts& prompts, const std::str
   TellFailures(prompts, "Form_Load", [&] { WriteFileAtomically(path, bytes); });
 }
 
-// The two families' heading files of one report kind.
-void ReadReportHeaders(Session& session, UserPrompts& prompts, const ReportHeaderFile (&files)[2]) {
-  for (const ReportHeaderFile& file : files) {
-    ReadSetting(session, prompts, file.name, "ReadReportHeaders", [&](std::string_view b) {
-      session.report_header_lines[file.name] = ReadTextLines(b, file.fields);
-    });
+// The two families' print settings of one report kind; a file that fails keeps all its defaults.
+void ReadReportHeaders(Session& session, UserPrompts& prompts, ReportKind kind) {
+  for (ReportFamily family : {ReportFamily::kQrdFieldbox, ReportFamily::kPxDas}) {
+    ReadSetting(session, prompts, ReportSettingsFileName(family, kind), ReportSettingsReader(family, kind).c_str(),
+                [&](std::string_view b) { session.Report(family, kind) = ReadReportSettings(b, family, kind); });
   }
 }
 
@@ -74,6 +80,16 @@ void RunStartup(Session& session, UserPrompts& prompts) {
     session.SbtBrightnessFactor = ToSingle(ReadNumberLines(b, 1)[0]);
   });
   session.rod_break = RodBreakSettings{};
+  session.general = GeneralSettings{};
+  session.custom_headers = CustomHeaders{};
+  session.logo = LogoSettings{};
+  session.print_settings = PrintSettings{};
+  session.DefaultPPFormat = 0;
+  session.DefaultEcpUnits = 0;
+  session.PrintSeismicTxtHeader = 0;
+  session.MultipleSoundingMode = 0;
+  session.MultipleSoundingScaling = 0;
+  session.TemplateSelection.clear();
   ReadSetting(session, prompts, "Rod Break Threshold.txt", "Form_Load",
               [&](std::string_view b) { session.rod_break = ReadRodBreakSettings(b); });
   WriteBackWhenMissing(session, prompts, "Rod Break Threshold.txt",
@@ -106,9 +122,9 @@ void RunStartup(Session& session, UserPrompts& prompts) {
               });
   ReadSetting(session, prompts, "CUSTOM HEADERS.txt", "ReadCustomHeaders",
               [&](std::string_view b) { session.custom_headers = ReadCustomHeaders(b); });
-  ReadReportHeaders(session, prompts, kSoundingHeaderFiles);
-  ReadReportHeaders(session, prompts, kDissipationHeaderFiles);
-  ReadReportHeaders(session, prompts, kSeismicHeaderFiles);
+  ReadReportHeaders(session, prompts, ReportKind::kSounding);
+  ReadReportHeaders(session, prompts, ReportKind::kDissipation);
+  ReadReportHeaders(session, prompts, ReportKind::kSeismic);
   ReadSetting(session, prompts, "Ordered ECP Channels.txt", "ReadOrderedEcpChannels",
               [&](std::string_view b) {
                 std::vector<int16_t> order;
@@ -121,12 +137,22 @@ void RunStartup(Session& session, UserPrompts& prompts) {
     ReadDisplayUnits(choices, b);
     session.choices = std::move(choices);
   });
-  ReadReportHeaders(session, prompts, kVideoHeaderFiles);
+  ReadReportHeaders(session, prompts, ReportKind::kVideo);
   ReadSetting(session, prompts, "Ball Tip Area Calculation.txt", "Form_Load", [&](std::string_view b) {
     session.BallAreaDoubled = ToSetting16(ReadNumberLines(b, 1)[0]);
   });
   ReadSetting(session, prompts, "Logo Settings.txt", "ReadLogoSettings",
               [&](std::string_view b) { session.logo = ReadLogoSettings(b); });
+  ReadOneWord(session, prompts, "DefaultPPFormat.txt", session.DefaultPPFormat);
+  ReadOneWord(session, prompts, "Default ECP Units.txt", session.DefaultEcpUnits);
+  ReadOneWord(session, prompts, "Print Seismic TXT Export Header.txt", session.PrintSeismicTxtHeader);
+  ReadSetting(session, prompts, "Multiple Sounding Preferences.txt", "Form_Load", [&](std::string_view b) {
+    const auto words = ReadNumberLines(b, 2);
+    const int16_t mode = ToSetting16(words[0]);
+    session.MultipleSoundingScaling = ToSetting16(words[1]);
+    session.MultipleSoundingMode = mode;
+  });
+  session.DefaultTemplate = ReadDefaultTemplateName(session.Paths().data_directory);
   // The soil behaviour charts: without the 1983 table every reading is unclassified on it.
   const bool read = TellFailures(prompts, "SetChartData", [&] {
     SetChartData(session.chart, ReadWholeFile(session.SettingsPath("intubc.asc")));
