@@ -10,6 +10,7 @@
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
+#include "core/presentation/sounding_report.h"
 #include "core/session/session.h"
 
 namespace marlview {
@@ -42,11 +43,6 @@ constexpr StepRow kStepRows[] = {
 // Minor ticks of the rows that give none.
 constexpr int kDefaultMinor = 5;
 
-bool IsSbt(const SoundingStore& s, int c) {
-  return c != 0 && (c == s.Sbt83Channel || c == s.Sbt86FrChannel || c == s.Sbt86PpChannel ||
-                    c == s.Sbt90QtChannel || c == s.Sbt90BqChannel);
-}
-
 double Value(const SoundingStore& s, int r, int c) { return s.AlignedReadings(r, KindColumn(c, kGraphOutput)); }
 
 std::string DepthUnitText(const PlotState& plot) { return plot.DepthUnit == 1 ? "(m)" : "(ft)"; }
@@ -75,19 +71,17 @@ bool CutToRectangle(double& x0, double& y0, double& x1, double& y1, double left,
 
 class PlotDrawing {
  public:
-  PlotDrawing(DrawingSurface& surface, double width, double height, PlotState& plot, const Session& session)
-      : g_(surface), width_(width), height_(height), plot_(plot), session_(session), s_(session.Sounding()) {}
+  PlotDrawing(DrawingSurface& surface, PlotState& plot, const Session& session)
+      : g_(surface), plot_(plot), session_(session), s_(session.Sounding()) {}
 
-  void Draw();
+  void Draw(double left, double top, double right, double bottom);
 
  private:
-  void Header();
   void DepthAxis();
   void Column(int i);
   void StepCurve(int i, bool zones);
   void WaterTable();
   void Comments();
-  void Note();
   double Depth(int r) const { return PlotDepth(plot_, session_, s_.DepthTable(r, 1)); }
   void Text(double x, double y, const std::string& text) {
     g_.SetCurrentXY(x, y);
@@ -95,52 +89,26 @@ class PlotDrawing {
   }
 
   DrawingSurface& g_;
-  double width_, height_;
   PlotState& plot_;
   const Session& session_;
   const SoundingStore& s_;
 };
 
-void PlotDrawing::Draw() {
-  g_.SetScale(0, 0, width_, height_);
-  g_.Cls();
+// The column captions and scales stand in the top of the frame, the depth labels in its left.
+void PlotDrawing::Draw(double left, double top, double right, double bottom) {
   g_.SetFont("Arial", 8, false, false);
   g_.SetDrawWidth(1);
   const double line = g_.TextHeight("Ag");
-  plot_.PlotAreaLeft = std::floor(width_ * 0.08);
-  plot_.PlotAreaWidth = std::floor(width_ * 0.90);
-  plot_.PlotAreaTop = std::floor(line * 7);
-  plot_.PlotAreaHeight = std::max(1.0, std::floor(height_ - plot_.PlotAreaTop - line * 4));
+  const double width = right - left;
+  plot_.PlotAreaLeft = std::floor(left + width * 0.08);
+  plot_.PlotAreaWidth = std::floor(width * 0.91);
+  plot_.PlotAreaTop = std::floor(top + line * 3.5);
+  plot_.PlotAreaHeight = std::max(1.0, std::floor(bottom - plot_.PlotAreaTop));
   DivideColumns(plot_, s_);
-  Header();
   DepthAxis();
   for (int i = 1; i <= plot_.PlotChannelCount; ++i) Column(i);
   WaterTable();
   Comments();
-  Note();
-}
-
-void PlotDrawing::Header() {
-  g_.SetFont("Arial", 9, true, false);
-  const double line = g_.TextHeight("Ag");
-  Text(plot_.PlotAreaLeft, line * 0.3, session_.general.CompanyGraphTitle.empty()
-                                           ? std::string("SOUNDING PLOT")
-                                           : session_.general.CompanyGraphTitle);
-  g_.SetFont("Arial", 8, false, false);
-  Text(plot_.PlotAreaLeft, line * 1.5, "FILENAME: " + s_.SoundingFileName);
-  // Each family keeps its own header text.
-  const bool px_das = s_.AcquisitionFamily == kPxDasFamily;
-  Text(plot_.PlotAreaLeft, line * 2.5, "LOCATION: " + (px_das ? s_.LocationName : s_.Location));
-  std::string right = "DATE: " + (px_das ? s_.TestDateText : s_.TestDate);
-  right += s_.WaterTableDepth == -99
-               ? std::string("   WT: UNDEF.")
-               : "   WT: " + FormatNumber(PlotDepth(plot_, session_, s_.WaterTableDepth), "###0.00") + " " +
-                     DepthUnitText(plot_);
-  Text(plot_.PlotAreaLeft + plot_.PlotAreaWidth / 2, line * 1.5, right);
-  if (s_.EndBaselinePresent && s_.TipQtChannel != 0) {
-    Text(plot_.PlotAreaLeft + plot_.PlotAreaWidth / 2, line * 2.5,
-         "FINAL BASELINE: " + FormatNumber(s_.FinalBaselineValue[s_.TipQtChannel][kGraphOutput], "##0.00"));
-  }
 }
 
 void PlotDrawing::DepthAxis() {
@@ -247,16 +215,6 @@ void PlotDrawing::Comments() {
     g_.Line(plot_.PlotAreaLeft, y, plot_.PlotAreaLeft + 12, y, kCommentColour);
     Text(plot_.PlotAreaLeft + 14, y - g_.TextHeight("Ag") / 2, comment.text);
   }
-}
-
-void PlotDrawing::Note() {
-  bool sbt = false;
-  for (int i = 1; i <= plot_.PlotChannelCount; ++i) sbt = sbt || IsSbt(s_, plot_.PlotChannels[i]);
-  if (!sbt) return;
-  const int chart = std::clamp(plot_.SbtChartChoice, 1, 3) - 1;
-  const std::string& title = session_.chart.ChartTitle[chart];
-  Text(plot_.PlotAreaLeft, plot_.PlotAreaTop + plot_.PlotAreaHeight + g_.TextHeight("Ag") * 0.5,
-       session_.chart.NoteText[chart] + "; **Overconsolidated or Cemented; SBT/SPT CORRELATION: " + title);
 }
 
 }  // namespace
@@ -414,8 +372,13 @@ void DrawTrace(DrawingSurface& g, const PlotState& plot, const Session& session,
   flush();
 }
 
+void DrawPlotArea(DrawingSurface& surface, double left, double top, double right, double bottom, PlotState& plot,
+                  const Session& session) {
+  PlotDrawing(surface, plot, session).Draw(left, top, right, bottom);
+}
+
 void GraphData(DrawingSurface& surface, double width, double height, PlotState& plot, const Session& session) {
-  InProcedure("GraphData", [&] { PlotDrawing(surface, width, height, plot, session).Draw(); });
+  InProcedure("GraphData", [&] { DrawPlotWindowPage(surface, width, height, plot, session); });
 }
 
 std::optional<double> LineDrawY(const PlotState& plot, const Session& session, int row) {

@@ -73,8 +73,13 @@ double ValueToX(const PlotState& plot, int column, double value);
 void DrawTrace(DrawingSurface& surface, const PlotState& plot, const Session& session, int i,
                const ColumnTable<float>& table, int table_column, Colour colour);
 
-// Draws the whole plot on surface, whose logical size is width x height.
+// Draws the plot window's picture on surface, whose logical size is width x height: the plot page
+// of the sounding report as the window holds it, with the header of the print settings.
 void GraphData(DrawingSurface& surface, double width, double height, PlotState& plot, const Session& session);
+// The plot itself (depth axis, columns with their captions and scales, water table, comments) in
+// the frame left..right, top..bottom of a surface already scaled; the captions take the frame's top.
+void DrawPlotArea(DrawingSurface& surface, double left, double top, double right, double bottom, PlotState& plot,
+                  const Session& session);
 
 // The y of the marker line of a reading: its depth over the axis span, without taking off the
 // axis minimum (kept as the plot always drew it). Nothing for a row below 1.
