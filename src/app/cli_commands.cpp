@@ -301,6 +301,7 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
            const std::string& program_directory) {
   if (IsSubcommand(args, "seismic")) return RunSeismic(args, out, err, program_directory);
   if (IsSubcommand(args, "edit")) return RunEdit(args, out, err, program_directory);
+  if (IsSubcommand(args, "report")) return RunReport(args, out, err, program_directory);
   if (IsSubcommand(args, "chart")) return RunChart(args, out, err, program_directory);
   Options options;
   try {

@@ -14,6 +14,9 @@
 #include "core/common/text_rules.h"
 #include "core/derivation/derived_channels.h"
 #include "core/presentation/classification_chart.h"
+#include "core/presentation/sounding_list.h"
+#include "core/presentation/sounding_plot.h"
+#include "core/presentation/sounding_report.h"
 #include "core/session/session.h"
 #include "core/shell/shell_controller.h"
 #include "core/shell/startup.h"
@@ -25,9 +28,42 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
+constexpr const char* kReportUsage =
+    "usage: marlview-cli [global options] report FILE -o OUT.pdf [--pages plot|list|both] [--channel NAME]...\n";
 constexpr const char* kChartUsage =
     "usage: marlview-cli [global options] chart FILE (-o OUT.png|OUT.pdf [--width W --height H] | --points)\n";
 constexpr int kChartPictureSize = 1200;
+
+struct ReportOptions : GlobalOptions {
+  std::string file;
+  std::string out;
+  std::string pages = "both";
+  std::vector<std::string> channel_names;
+};
+
+ReportOptions ParseReport(const std::vector<std::string>& args) {
+  ReportOptions o;
+  bool command_seen = false;
+  for (size_t i = 0; i < args.size(); ++i) {
+    const std::string& a = args[i];
+    auto value = [&]() -> const std::string& {
+      if (i + 1 >= args.size()) throw UsageError(a + " needs a value");
+      return args[++i];
+    };
+    if (ParseGlobalOption(a, value, o)) continue;
+    if (a == "-o") o.out = value();
+    else if (a == "--pages") o.pages = value();
+    else if (a == "--channel") o.channel_names.push_back(value());
+    else if (a.starts_with("-")) throw UsageError("unknown option " + a);
+    else if (!command_seen) command_seen = true;
+    else if (o.file.empty()) o.file = a;
+    else throw UsageError("report takes one FILE");
+  }
+  if (o.file.empty()) throw UsageError("report takes one FILE");
+  if (!EndsWithNoCase(o.out, ".pdf")) throw UsageError("report writes -o OUT.pdf");
+  if (o.pages != "plot" && o.pages != "list" && o.pages != "both") throw UsageError("--pages is plot, list or both");
+  return o;
+}
 
 struct ChartOptions : GlobalOptions {
   std::string file;
@@ -133,6 +169,48 @@ struct OpenedSounding {
 };
 
 }  // namespace
+
+int RunReport(const std::vector<std::string>& args, std::ostream&, std::ostream& err,
+              const std::string& program_directory) {
+  ReportOptions options;
+  try {
+    options = ParseReport(args);
+  } catch (const UsageError& error) {
+    err << "marlview-cli: " << error.what() << '\n' << kReportUsage;
+    return 2;
+  }
+  try {
+    OpenedSounding opened(options, options.file, err, program_directory);
+    Session& session = opened.session;
+    ShellController& controller = *opened.controller;
+    if (!session.SoundingOpen) return 1;
+    const bool plot_page = options.pages != "list", list_pages = options.pages != "plot";
+    // Each page kind takes the selection as its window would, and refuses it with its message.
+    PlotState plot;
+    if (plot_page) {
+      if (!ChooseChannels(controller, options.channel_names, kMaxPlotColumns, err, kReportUsage)) return 2;
+      if (!controller.PlotSounding()) return 1;
+      SetupPlot(plot, session, controller.SelectedChannels(), controller.SbtChartChoice());
+    }
+    ListView view;
+    if (list_pages) {
+      controller.ClearSelection();
+      if (!ChooseChannels(controller, options.channel_names, kMaxListColumns, err, kReportUsage)) return 2;
+      if (!controller.ListSounding()) return 1;
+      view.channels = controller.SelectedChannels();
+      view.depth_unit = session.DepthUnitIsMetric == 1 ? 1 : 2;
+    }
+    EnsureGuiApplication();
+    PdfPrintJob job(options.out, PaperSize::kLetter);
+    if (plot_page) PrintSounding(job, plot, session);
+    if (list_pages) PrintList(job, session, view);
+    if (!job.EndDoc()) Fail(kErrPathAccess, "PrintSounding");
+    return opened.prompts.ErrorShown() ? 1 : 0;
+  } catch (const RuntimeFailure& failure) {
+    CliPrompts(CliAnswers{}, err).Tell(GeneralErrorText(failure));
+    return 1;
+  }
+}
 
 int RunChart(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
              const std::string& program_directory) {

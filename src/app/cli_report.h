@@ -10,6 +10,8 @@ namespace marlview {
 
 // Each opens the sounding FILE of the command line as the main window does. The exit status of
 // marlview-cli.
+int RunReport(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
+              const std::string& program_directory);
 int RunChart(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
              const std::string& program_directory);
 
