@@ -6,7 +6,9 @@
 #include "core/model/catalogue.h"
 #include "core/model/unit_tables.h"
 #include "core/session/session.h"
+#include "core/settings/report_settings.h"
 #include "core/settings/settings_files.h"
+#include "core/settings/templates.h"
 
 namespace {
 
@@ -33,5 +35,18 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   Try([&] { marlview::ReadCustomHeaders(bytes); });
   Try([&] { marlview::ReadLogoSettings(bytes); });
   Try([&] { marlview::ReadTextLines(bytes, 49); });
+  Try([&] { marlview::ReadSoundingTemplate(bytes); });
+  for (int kind = 0; kind < marlview::kReportKinds; ++kind) {
+    Try([&] {
+      const auto k = static_cast<marlview::ReportKind>(kind);
+      // Whatever a file holds, what is read writes back and reads again the same.
+      const auto settings = marlview::ReadReportSettings(bytes, marlview::ReportFamily::kPxDas, k);
+      const std::string written = marlview::WriteReportSettings(settings, k);
+      if (marlview::WriteReportSettings(marlview::ReadReportSettings(written, marlview::ReportFamily::kPxDas, k), k) !=
+          written) {
+        __builtin_trap();
+      }
+    });
+  }
   return 0;
 }

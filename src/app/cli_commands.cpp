@@ -16,6 +16,7 @@
 #include "app/cli_prompts.h"
 #include "app/cli_report.h"
 #include "app/cli_seismic.h"
+#include "app/cli_settings.h"
 #include "core/common/file_access.h"
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
@@ -51,6 +52,8 @@ constexpr const char* kUsage =
     "                    dissipation FILE --export txt|csv|txt-each|csv-each -o OUT\n"
     "                    edit FILE [OPERATION]... (-o OUT [--dat-compatible] | --channels [--kind K])\n"
     "                    seismic FILE [OPERATION]... [--waves | --velocities]\n"
+    "                    settings show | settings set KEY=VALUE...\n"
+    "                    template save|select|delete NAME ... | template apply FILE [NAME]\n"
     "                    report FILE -o OUT.pdf [--pages plot|list|both] [--channel NAME]...\n"
     "                    chart FILE (-o OUT.png|OUT.pdf [--width W --height H] | --points)\n";
 
@@ -301,6 +304,8 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
            const std::string& program_directory) {
   if (IsSubcommand(args, "seismic")) return RunSeismic(args, out, err, program_directory);
   if (IsSubcommand(args, "edit")) return RunEdit(args, out, err, program_directory);
+  if (IsSubcommand(args, "settings")) return RunSettings(args, out, err, program_directory);
+  if (IsSubcommand(args, "template")) return RunTemplate(args, out, err, program_directory);
   if (IsSubcommand(args, "report")) return RunReport(args, out, err, program_directory);
   if (IsSubcommand(args, "chart")) return RunChart(args, out, err, program_directory);
   Options options;

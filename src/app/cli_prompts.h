@@ -31,6 +31,8 @@ class CliPrompts : public UserPrompts {
 
   // Whether a message since the last call was the general error text or a reader's refusal.
   bool ErrorShown() const { return error_shown_; }
+  // The start-up's reports do not count against the subcommand's own exit status.
+  void ForgetErrors() { error_shown_ = false; }
 
  private:
   CliAnswers answers_;

@@ -107,12 +107,19 @@ void RunStartup(Session& session, UserPrompts& prompts) {
                 "ReadExportLabels",
                 [&](std::string_view b) { ReadExportLabels(session.choices, id, b); });
   }
-  ReadSetting(session, prompts, "GENERAL SETTINGS.txt", "ReadGeneralSettings",
-              [&](std::string_view b) { session.general = ReadGeneralSettings(b); });
-  session.DepthUnitsFlag = session.general.DefaultDepthUnits;
-  session.DepthUnitIsMetric = session.general.DefaultDepthUnits;
-  session.DuplicateDepthCheck = session.general.SuppressDuplicateDepths;
-  session.DuplicateDepthThreshold = session.general.DuplicateDepthTolerance;
+  // The record shows its defaults in the dialog; the depth unit and the duplicate depth check of
+  // the readers follow it once a file says so.
+  session.DepthUnitsFlag = 1;
+  session.DepthUnitIsMetric = 1;
+  session.DuplicateDepthCheck = 0;
+  session.DuplicateDepthThreshold = 0;
+  ReadSetting(session, prompts, "GENERAL SETTINGS.txt", "ReadGeneralSettings", [&](std::string_view b) {
+    session.general = ReadGeneralSettings(b);
+    session.DepthUnitsFlag = session.general.DefaultDepthUnits;
+    session.DepthUnitIsMetric = session.general.DefaultDepthUnits;
+    session.DuplicateDepthCheck = session.general.SuppressDuplicateDepths;
+    session.DuplicateDepthThreshold = session.general.DuplicateDepthTolerance;
+  });
   ReadSetting(session, prompts, "LAST PRINT SETTINGS.txt", "ReadLastPrintSettings",
               [&](std::string_view b) {
                 const auto words = ReadNumberLines(b, kLastPrintSettingsWords);

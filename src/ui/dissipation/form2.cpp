@@ -20,6 +20,8 @@
 #include "ui/presentation/form4.h"
 #include "ui/presentation/printer_print_job.h"
 #include "ui/presentation/widget_surface.h"
+#include "ui/settings/frm_print_settings.h"
+#include "ui/settings/settings_windows.h"
 
 namespace marlview {
 
@@ -149,9 +151,16 @@ void Form2::Connect() {
   });
   on(mnuT50Util, "mnuT50Util_Click", [this] { OpenT50Utility(); });
   on(mnuEdit, "mnuEdit_Click", [this] { TellNotAvailable(prompts_, "The dissipation editor"); });
-  on(mnuPrintSettings, "mnuPrintSettings_Click",
-     [this] { TellNotAvailable(prompts_, "The dissipation print settings"); });
-  on(mnuAdjustLogo, "mnuAdjustLogo_Click", [this] { TellNotAvailable(prompts_, "Adjusting the logo"); });
+  on(mnuPrintSettings, "mnuPrintSettings_Click", [this] {
+    FrmPrintSettings(session_, prompts_, ReportKind::kDissipation, DissipationReportFamily(session_),
+                     [this] { SettingsChanged(); }, this)
+        .exec();
+  });
+  on(mnuAdjustLogo, "mnuAdjustLogo_Click", [this] {
+    FrmAdjustLogo(session_, prompts_, DissipationReportFamily(session_), LogoReport::kDissipationPlot,
+                  [this] { SettingsChanged(); }, this)
+        .exec();
+  });
   // Returning may close and delete this window, so nothing of it is touched afterwards.
   connect(mnuReturn, &QAction::triggered, this,
           [this] { RunGuarded(prompts_, "ReturnPlotControl", [&] { ReturnPlotControl(); }); });

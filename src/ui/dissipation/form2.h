@@ -32,6 +32,8 @@ class Form2 : public QMainWindow {
   UserPrompts& Prompts() { return prompts_; }
   // Draws the plot again after a change of its state; the T50 lines follow the new axes.
   void Repaint();
+  // The report furniture or the logo changed: the plot is drawn again at once.
+  void SettingsChanged() { Repaint(); }
   // PrintPlot_Click: the plot on a printer chosen in the print dialog, with the T50 lines or not.
   void PrintPlot(bool include_lines);
   // The same page written to a PDF file.

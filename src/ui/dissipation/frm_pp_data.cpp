@@ -11,11 +11,13 @@
 #include <QVBoxLayout>
 
 #include "core/session/session.h"
+#include "core/shell/settings_dialogs.h"
 #include "ui/common/event_guard.h"
 #include "ui/common/named.h"
 #include "ui/common/qt_prompts.h"
 #include "ui/presentation/data_table.h"
 #include "ui/presentation/printer_print_job.h"
+#include "ui/settings/frm_print_settings.h"
 
 namespace marlview {
 namespace {
@@ -103,8 +105,11 @@ void FrmPPData::Connect() {
   On(mnuExportcsvFile, "mnuExportcsvFile_Click",
      [this] { SaveDissipationList(session_, prompts_, view_, true); });
   On(mnuEdit, "mnuEdit_Click", [this] { TellNotAvailable(prompts_, "The dissipation editor"); });
-  On(mnuPrintSettings, "mnuPrintSettings_Click",
-     [this] { TellNotAvailable(prompts_, "The dissipation print settings"); });
+  On(mnuPrintSettings, "mnuPrintSettings_Click", [this] {
+    FrmPrintSettings settings(session_, prompts_, ReportKind::kDissipation, DissipationReportFamily(session_), {}, this);
+    settings.list_window_open = true;
+    settings.exec();
+  });
   // Returning may close and delete this window, so nothing of it is touched afterwards.
   connect(mnuReturn, &QAction::triggered, this, [this] {
     RunGuarded(prompts_, "mnuReturn_Click", [&] {

@@ -27,6 +27,8 @@
 #include "ui/presentation/plot_dialogs.h"
 #include "ui/presentation/printer_print_job.h"
 #include "ui/presentation/widget_surface.h"
+#include "ui/settings/frm_print_settings.h"
+#include "ui/settings/settings_windows.h"
 
 namespace marlview {
 namespace {
@@ -166,10 +168,6 @@ void Form4::Handle(const char* source, const std::function<void()>& handler) {
   Repaint();
 }
 
-void Form4::NotAvailable(const char* what) {
-  TellNotAvailable(prompts_, what);
-}
-
 void Form4::Connect() {
   picPlot->on_paint = [this] { PaintPlot(); };
   picPlot->on_mouse_move = [this](QPointF at) {
@@ -196,11 +194,19 @@ void Form4::Connect() {
   on(mnuFeet, "mnuFeet_Click", [this] { SetDepthUnit(2); });
   on(mnuElevation, "mnuElevation_Click", [this] { plot_.ElevationMode = true; });
   on(mnuDepth, "mnuDepth_Click", [this] { plot_.ElevationMode = false; });
-  on(mnuAdjustLogo, "mnuAdjustLogo_Click", [this] { NotAvailable("Adjusting the logo"); });
+  on(mnuAdjustLogo, "mnuAdjustLogo_Click", [this] {
+    FrmAdjustLogo(session_, prompts_, ReportFamilyOf(session_.Sounding().AcquisitionFamily), LogoReport::kSoundingPlot,
+                  [this] { SettingsChanged(); }, this)
+        .exec();
+  });
   on(mnuEdit, "mnuEdit_Click", [this] {
     if (open_editor_) open_editor_();
   });
-  on(mnuPrintSettings, "mnuPrintSettings_Click", [this] { NotAvailable("The sounding print settings"); });
+  on(mnuPrintSettings, "mnuPrintSettings_Click", [this] {
+    FrmPrintSettings(session_, prompts_, ReportKind::kSounding, ReportFamilyOf(session_.Sounding().AcquisitionFamily),
+                     [this] { SettingsChanged(); }, this)
+        .exec();
+  });
   on(mnuRemoveRodBreaks, "mnuRemoveRodBreaks_Click",
      [this] { OpenEnlargedTipGraph(session_, prompts_, this, plot_.DepthUnit); });
   on(mnuSaveAs, "mnuSaveAs_Click", [this] { ChooseAndSaveSounding(session_, prompts_, false); });

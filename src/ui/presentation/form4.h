@@ -51,6 +51,8 @@ class Form4 : public QMainWindow {
   void SetEditOpener(std::function<void()> open_editor) { open_editor_ = std::move(open_editor); }
   // Draws the plot again, after a change to the sounding or the plot's state.
   void Repaint();
+  // The report furniture or the logo changed: the plot is drawn again at once.
+  void SettingsChanged() { Repaint(); }
 
   PlotPicture* picPlot;
   QLabel* lblDepth;
@@ -95,7 +97,6 @@ class Form4 : public QMainWindow {
   void ClearReadout();
   void PrintPages(PrintJob& job);
   void SetDepthUnit(int unit);
-  void NotAvailable(const char* what);
 
   Session& session_;
   UserPrompts& prompts_;

@@ -25,6 +25,8 @@
 #include "ui/presentation/form6.h"
 #include "ui/presentation/sounding_data_window.h"
 #include "ui/seismic/seisform.h"
+#include "ui/settings/frm_print_settings.h"
+#include "ui/settings/settings_windows.h"
 
 namespace marlview {
 namespace {
@@ -214,12 +216,38 @@ void Form1::Connect() {
             [this, what] { Handle("Form1", [&] { controller_.NotAvailable(what); }); });
   };
   later(mnuChannelUnitsFormats, "The channel units and formats dialog");
-  later(mnuGeneralSettings, "The general settings dialog");
-  later(mnuSoundingPrintSettings, "The sounding print settings");
-  later(mnuDissipationPrintSettings, "The dissipation print settings");
-  later(mnuSeismicPrintSettings, "The seismic print settings");
-  later(mnuSelectTemplate, "Selecting a template");
-  later(mnuSaveTemplate, "Saving a template");
+  const auto plot_changed = [this] {
+    if (plot_window_ != nullptr && session_.flags.PlotWindowOpen) plot_window_->SettingsChanged();
+  };
+  connect(mnuGeneralSettings, &QAction::triggered, this, [this, plot_changed] {
+    Handle("mnuGeneralSettings_Click", [&] { FrmGeneralSettings(session_, prompts_, plot_changed, this).exec(); });
+  });
+  const auto print_settings = [this, plot_changed](QAction* action, const char* source, ReportKind kind) {
+    connect(action, &QAction::triggered, this, [this, plot_changed, source, kind] {
+      Handle(source, [&] {
+        const ReportFamily family = kind == ReportKind::kSounding      ? SoundingReportFamily(session_)
+                                    : kind == ReportKind::kDissipation ? DissipationReportFamily(session_)
+                                    : controller_.View().seismic_open  ? SeismicReportFamily(session_)
+                                                                       : ReportFamily::kQrdFieldbox;
+        FrmPrintSettings(session_, prompts_, kind, family, plot_changed, this).exec();
+      });
+    });
+  };
+  print_settings(mnuSoundingPrintSettings, "mnuSoundingPrintSettings_Click", ReportKind::kSounding);
+  print_settings(mnuDissipationPrintSettings, "mnuDissipationPrintSettings_Click", ReportKind::kDissipation);
+  print_settings(mnuSeismicPrintSettings, "mnuSeismicPrintSettings_Click", ReportKind::kSeismic);
+  connect(mnuSelectTemplate, &QAction::triggered, this, [this] {
+    Handle("mnuSelectTemplate_Click", [&] {
+      FrmSoundingTemplate(session_, prompts_,
+                          [this](const std::vector<std::string>& names) { controller_.UseSoundingTemplate(names); },
+                          this)
+          .exec();
+    });
+  });
+  connect(mnuSaveTemplate, &QAction::triggered, this, [this] {
+    Handle("mnuSaveTemplate_Click",
+           [&] { FrmSoundingSaveTemplate(session_, prompts_, controller_.View().selected_rows, this).exec(); });
+  });
   connect(mnuClassificationChart, &QAction::triggered, this, [this] {
     Handle("mnuClassificationChart_Click", [&] { OpenClassificationChart(session_, prompts_, this); });
   });
