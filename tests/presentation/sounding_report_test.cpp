@@ -102,6 +102,16 @@ TEST_F(ReportTest, ABlankMainHeaderKeepsTheLayout) {
                             "*SBT/SPT CORRELATION: Robertson and Campanella (1983)"));
   EXPECT_TRUE(blank.HasText("COMMENTS"));
   EXPECT_TRUE(blank.HasText("REMARKS"));
+
+  auto red_lines = [](const RecordingSurface& page) {
+    const auto lines = page.Lines();
+    return std::count_if(lines.begin(), lines.end(), [](const auto& l) { return l.colour == kRed; });
+  };
+  EXPECT_GT(red_lines(blank), 0);
+  Settings().Plot.PrintInColor = kWordNo;
+  RecordingSurface grey(612, 792, true);
+  draw(grey);
+  EXPECT_EQ(red_lines(grey), 0) << "curves in black without colour";
 }
 
 TEST_F(ReportTest, ListRowsRunOverPagesWholeAndOnce) {

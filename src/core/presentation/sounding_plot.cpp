@@ -71,8 +71,8 @@ bool CutToRectangle(double& x0, double& y0, double& x1, double& y1, double left,
 
 class PlotDrawing {
  public:
-  PlotDrawing(DrawingSurface& surface, PlotState& plot, const Session& session)
-      : g_(surface), plot_(plot), session_(session), s_(session.Sounding()) {}
+  PlotDrawing(DrawingSurface& surface, PlotState& plot, const Session& session, const PlotPens& pens)
+      : g_(surface), plot_(plot), session_(session), s_(session.Sounding()), pens_(pens) {}
 
   void Draw(double left, double top, double right, double bottom);
 
@@ -87,17 +87,25 @@ class PlotDrawing {
     g_.SetCurrentXY(x, y);
     g_.Print(text);
   }
+  // A line in a pen of its own width, back to the border's pen after it.
+  void PenLine(double x1, double y1, double x2, double y2, Colour colour, int width) {
+    g_.SetDrawWidth(width);
+    g_.Line(x1, y1, x2, y2, colour);
+    g_.SetDrawWidth(pens_.border);
+  }
+  Colour Trace() const { return pens_.colour ? kRed : kBlack; }
 
   DrawingSurface& g_;
   PlotState& plot_;
   const Session& session_;
   const SoundingStore& s_;
+  const PlotPens& pens_;
 };
 
 // The column captions and scales stand in the top of the frame, the depth labels in its left.
 void PlotDrawing::Draw(double left, double top, double right, double bottom) {
   g_.SetFont("Arial", 8, false, false);
-  g_.SetDrawWidth(1);
+  g_.SetDrawWidth(pens_.border);
   const double line = g_.TextHeight("Ag");
   const double width = right - left;
   plot_.PlotAreaLeft = std::floor(left + width * 0.08);
@@ -124,7 +132,7 @@ void PlotDrawing::DepthAxis() {
     g_.Line(left - 4, y, left, y, kBlack);
     const std::string label = FormatNumber(plot_.ElevationMode ? -d : d, "###0");
     Text(left - g_.TextWidth(label) - 6, y - g_.TextHeight(label) / 2, label);
-    if (plot_.GridOn) g_.Line(left, y, left + plot_.PlotAreaWidth, y, kGridColour);
+    if (plot_.GridOn) PenLine(left, y, left + plot_.PlotAreaWidth, y, kGridColour, pens_.grid);
   }
 }
 
@@ -148,7 +156,7 @@ void PlotDrawing::Column(int i) {
   for (double v : ticks) {
     const double x = ValueToX(plot_, i, v);
     g_.Line(x, top, x, top - 4, kBlack);
-    if (plot_.GridOn && v != min && v != max) g_.Line(x, top, x, bottom, kGridColour);
+    if (plot_.GridOn && v != min && v != max) PenLine(x, top, x, bottom, kGridColour, pens_.grid);
     const std::string label = FormatNumber(v, pattern);
     // Labels stay inside their column and never run into the one before.
     const double label_left = std::clamp(x - g_.TextWidth(label) / 2, left + 1, left + width - g_.TextWidth(label) - 1);
@@ -167,7 +175,11 @@ void PlotDrawing::Column(int i) {
   const int style = s_.ChannelCurveStyle[c];
   if (style == 2) StepCurve(i, true);
   else if (style == 1) StepCurve(i, false);
-  else DrawTrace(g_, plot_, session_, i, s_.AlignedReadings, KindColumn(c, kGraphOutput), kRed);
+  else {
+    g_.SetDrawWidth(pens_.data);
+    DrawTrace(g_, plot_, session_, i, s_.AlignedReadings, KindColumn(c, kGraphOutput), Trace());
+    g_.SetDrawWidth(pens_.border);
+  }
 }
 
 // Soil behaviour types as bars in their zone colours; SPT N* as a step trace of its own.
@@ -187,13 +199,16 @@ void PlotDrawing::StepCurve(int i, bool zones) {
       const int zone = static_cast<int>(v);
       if (zone < 1 || zone > 12 || static_cast<double>(zone) != v) continue;
       const double x = std::clamp(ValueToX(plot_, i, v), left, right);
-      if (y1 > y0) g_.Box(left, y0, x, y1, ZoneColour(zone, brightness), true);
+      const Colour colour = ZoneColour(zone, brightness);
+      // Without colour a zone keeps its lightness as a grey.
+      const auto grey = static_cast<uint8_t>((colour.r * 30 + colour.g * 59 + colour.b * 11) / 100);
+      if (y1 > y0) g_.Box(left, y0, x, y1, pens_.colour ? colour : Colour{grey, grey, grey}, true);
       continue;
     }
     if (v <= plot_.AxisMin[i]) continue;
     const double x = std::clamp(ValueToX(plot_, i, v), left, right);
-    g_.Line(left, y1, x, y1, kRed);
-    if (y1 > y0) g_.Line(x, y0, x, y1, kRed);
+    PenLine(left, y1, x, y1, Trace(), pens_.data);
+    if (y1 > y0) PenLine(x, y0, x, y1, Trace(), pens_.data);
   }
 }
 
@@ -203,7 +218,7 @@ void PlotDrawing::WaterTable() {
   if (d < plot_.DepthAxisMin || d > plot_.DepthAxisMax) return;
   const double y = DepthToY(plot_, d);
   const double left = plot_.PlotAreaLeft;
-  g_.Line(left - 10, y, left + plot_.PlotAreaWidth, y, kWaterTableColour);
+  g_.Line(left - 10, y, left + plot_.PlotAreaWidth, y, pens_.colour ? kWaterTableColour : kBlack);
   Text(left + 2, y - g_.TextHeight("Ag"), " WT: " + FormatNumber(d, " ###0"));
 }
 
@@ -373,8 +388,8 @@ void DrawTrace(DrawingSurface& g, const PlotState& plot, const Session& session,
 }
 
 void DrawPlotArea(DrawingSurface& surface, double left, double top, double right, double bottom, PlotState& plot,
-                  const Session& session) {
-  PlotDrawing(surface, plot, session).Draw(left, top, right, bottom);
+                  const Session& session, const PlotPens& pens) {
+  PlotDrawing(surface, plot, session, pens).Draw(left, top, right, bottom);
 }
 
 void GraphData(DrawingSurface& surface, double width, double height, PlotState& plot, const Session& session) {

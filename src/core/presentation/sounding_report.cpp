@@ -312,6 +312,8 @@ ReportFurniture SetHeadersAndOptions(const Session& session, bool list_pages, in
   f.left_margin = page.LeftMargin, f.right_margin = page.RightMargin;
   f.top_margin = page.TopMargin, f.bottom_margin = page.BottomMargin;
   f.final_baseline = (list_pages ? settings.ListIncludeFinalBaselines : settings.IncludeFinalBaselines) == kWordYes;
+  f.pens = {std::max<int>(page.BorderLineWidth, 1), std::max<int>(page.DataLineWidth, 1),
+            std::max<int>(page.GridLineWidth, 1), page.PrintInColor == kWordYes};
   const std::string logo = session.SettingsPath("logo.jpg");
   if (FileExists(logo)) f.logo_path = logo;
   const size_t kind = list_pages ? kListLogo : kPlotLogo;
@@ -373,7 +375,7 @@ void DrawPlotReportPage(DrawingSurface& g, double width, double height, double u
   const std::vector<std::string> footer = FooterLines(session, PlotChannelsOf(plot), f);
   const bool printer = g.IsPrinter();
   const double footer_top = page.Area().bottom - FooterHeight(g, footer.size(), printer);
-  DrawPlotArea(g, page.Area().left, header_bottom, page.Area().right, footer_top, plot, session);
+  DrawPlotArea(g, page.Area().left, header_bottom, page.Area().right, footer_top, plot, session, f.pens);
   Footer(page, g, footer_top, footer, printer);
 }
 

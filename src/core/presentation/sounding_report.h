@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/presentation/drawing_surface.h"
+#include "core/presentation/sounding_plot.h"
 #include "core/settings/report_settings.h"
 
 namespace marlview {
@@ -15,7 +16,6 @@ namespace marlview {
 class PrintJob;
 class Session;
 struct ListView;
-struct PlotState;
 
 // What one page kind of the report takes from the print settings, resolved for the current
 // sounding: each header entry is one line of text, "" for a blank one.
@@ -30,6 +30,8 @@ struct ReportFurniture {
   // Inches.
   double left_margin = 0.5, right_margin = 0.5, top_margin = 0.5, bottom_margin = 0.5;
   bool final_baseline = false;
+  // Pen widths and colour of the plot page.
+  PlotPens pens;
   // The logo's file when there is one, its scale in percent and its offset from its place in
   // surface units (twentieths of a point).
   std::string logo_path;
