@@ -120,9 +120,8 @@ std::string Fit(DrawingSurface& g, std::string text, double width) {
 
 class PageLayout {
  public:
-  PageLayout(DrawingSurface& g, double width, double height, double units_per_inch, const ReportFurniture& f,
-             const Session& session)
-      : g_(g), units_per_inch_(units_per_inch), f_(f), session_(session) {
+  PageLayout(DrawingSurface& g, double width, double height, double units_per_inch, const ReportFurniture& f)
+      : g_(g), units_per_inch_(units_per_inch), f_(f) {
     g_.SetScale(0, 0, width, height);
     g_.Cls();
     frame_ = {f.left_margin * units_per_inch, f.top_margin * units_per_inch, width - f.right_margin * units_per_inch,
@@ -148,7 +147,6 @@ class PageLayout {
   DrawingSurface& g_;
   double units_per_inch_;
   const ReportFurniture& f_;
-  const Session& session_;
   Frame frame_;
   double logo_width_ = 0, logo_height_ = 0;
   // The width the header logo takes beside the header block on this page.
@@ -367,7 +365,7 @@ std::vector<std::string> ReportNotes(const Session& session, const std::vector<i
 
 void DrawPlotReportPage(DrawingSurface& g, double width, double height, double units_per_inch, PlotState& plot,
                         const Session& session, const ReportFurniture& f) {
-  PageLayout page(g, width, height, units_per_inch, f, session);
+  PageLayout page(g, width, height, units_per_inch, f);
   const int depth_unit = plot.DepthUnit;
   const double top = page.Logo(true);
   const double header_bottom =
@@ -409,7 +407,7 @@ void PrintList(PrintJob& job, const Session& session, const ListView& view) {
     size_t next = 0;
     for (int page_number = 0;; ++page_number) {
       DrawingSurface& g = job.NewPage();
-      PageLayout page(g, width, height, kPointsPerInch, f, session);
+      PageLayout page(g, width, height, kPointsPerInch, f);
       const bool first = page_number == 0;
       double y = page.Logo(first);
       if (first || f.header_every_page) y = page.HeaderBlock(y, units_line, tip_line);
