@@ -2,7 +2,6 @@
 #include "ui/settings/frm_print_settings.h"
 
 #include <QAction>
-#include <QCloseEvent>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QGridLayout>
@@ -124,10 +123,7 @@ void FrmPrintSettings::BuildMenus(QWidget* host, QVBoxLayout* layout) {
   });
   connect(mnuReturn, &QAction::triggered, this, [this] {
     Handle("mnuReturn_Click", [&] {
-      if (Return()) {
-        closing_ = true;
-        accept();
-      }
+      if (Return()) accept();
     });
   });
 }
@@ -328,10 +324,9 @@ bool FrmPrintSettings::Return() {
   return true;
 }
 
-void FrmPrintSettings::closeEvent(QCloseEvent* event) {
-  if (!closing_) Handle("Form_Unload", [&] { Return(); });
-  closing_ = true;
-  QDialog::closeEvent(event);
+void FrmPrintSettings::reject() {
+  Handle("Form_Unload", [&] { Return(); });
+  QDialog::reject();
 }
 
 void FrmPrintSettings::Handle(const char* source, const std::function<void()>& handler) {

@@ -49,7 +49,8 @@ class FrmPrintSettings : public QDialog {
   std::map<std::string, std::array<QRadioButton*, kReportStyles>> styles;
 
  protected:
-  void closeEvent(QCloseEvent* event) override;
+  // Escape and the window's close box return as mnuReturn does, asking about unsaved changes.
+  void reject() override;
 
  private:
   void BuildMenus(QWidget* host, QVBoxLayout* layout);
@@ -76,7 +77,6 @@ class FrmPrintSettings : public QDialog {
   std::function<void()> on_changed_;
   std::array<bool, kReportFamilies> changed_{};
   bool filling_ = false;
-  bool closing_ = false;
 };
 
 }  // namespace marlview
