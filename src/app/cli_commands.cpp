@@ -11,6 +11,7 @@
 #include "app/cli_globals.h"
 #include "app/cli_json.h"
 #include "app/cli_prompts.h"
+#include "app/cli_report.h"
 #include "app/cli_seismic.h"
 #include "app/cli_settings.h"
 #include "app/cli_verification.h"
@@ -55,7 +56,9 @@ constexpr const char* kUsage =
     "                    verification FILE [--table | --chart [-o OUT.png] | --report -o OUT.pdf]\n"
     "                                 [--channel C | --all]\n"
     "                    settings show | settings set KEY=VALUE...\n"
-    "                    template save|select|delete NAME ... | template apply FILE [NAME]\n";
+    "                    template save|select|delete NAME ... | template apply FILE [NAME]\n"
+    "                    report FILE -o OUT.pdf [--pages plot|list|both] [--channel NAME]...\n"
+    "                    chart FILE (-o OUT.png|OUT.pdf [--width W --height H] | --points)\n";
 
 struct Options : GlobalOptions {
   std::vector<std::string> positional;
@@ -167,29 +170,11 @@ Json InfoJson(const SoundingStore& s) {
   return info;
 }
 
-// The channels named on the command line, or the main window's list in its order; false (and the
-// usage) for a name the sounding does not have.
-bool ChooseChannels(ShellController& controller, const Options& options, size_t limit, std::ostream& err) {
-  const auto& rows = controller.View().available_rows;
-  if (options.channel_names.empty()) {
-    for (size_t row = 0; row < rows.size() && row < limit; ++row) controller.ClickAvailableChannel(static_cast<int>(row));
-    return true;
-  }
-  for (const std::string& name : options.channel_names) {
-    const auto found = std::find(rows.begin(), rows.end(), name);
-    if (found == rows.end()) {
-      err << "marlview-cli: no channel named '" << name << "'\n" << kUsage;
-      return false;
-    }
-    controller.ClickAvailableChannel(static_cast<int>(found - rows.begin()));
-  }
-  return true;
-}
 
 // Writes the list's export files for the chosen channels.
 int RunExport(Session& session, ShellController& controller, CliPrompts& prompts, const Options& options,
               std::ostream& err) {
-  if (!ChooseChannels(controller, options, 30, err)) return 2;
+  if (!ChooseChannels(controller, options.channel_names, 30, err, kUsage)) return 2;
   // As the list's save: an existing file is kept unless the question is answered Yes (--yes).
   if (FileExists(options.out) && prompts.Ask("File exists. Overwrite?", Buttons::kYesNo) != Answer::kYes) return 0;
   ExportOptions exported;
@@ -229,7 +214,7 @@ int RunExport(Session& session, ShellController& controller, CliPrompts& prompts
 // the plot window's picture into a PNG or its printed page into a PDF.
 int RunPlot(Session& session, ShellController& controller, CliPrompts& prompts, const Options& options,
             std::ostream& err) {
-  if (!ChooseChannels(controller, options, kMaxPlotColumns, err)) return 2;
+  if (!ChooseChannels(controller, options.channel_names, kMaxPlotColumns, err, kUsage)) return 2;
   // A refused selection has been told; nothing is drawn.
   if (!controller.PlotSounding()) return 1;
   EnsureGuiApplication();
@@ -257,6 +242,24 @@ int RunPlot(Session& session, ShellController& controller, CliPrompts& prompts, 
 }
 
 }  // namespace
+
+bool ChooseChannels(ShellController& controller, const std::vector<std::string>& names, size_t limit,
+                    std::ostream& err, std::string_view usage) {
+  const auto& rows = controller.View().available_rows;
+  if (names.empty()) {
+    for (size_t row = 0; row < rows.size() && row < limit; ++row) controller.ClickAvailableChannel(static_cast<int>(row));
+    return true;
+  }
+  for (const std::string& name : names) {
+    const auto found = std::find(rows.begin(), rows.end(), name);
+    if (found == rows.end()) {
+      err << "marlview-cli: no channel named '" << name << "'\n" << usage;
+      return false;
+    }
+    controller.ClickAvailableChannel(static_cast<int>(found - rows.begin()));
+  }
+  return true;
+}
 
 // The table is built in one text, a number at a time, and written at once.
 void WriteChannelsCsv(const SoundingStore& s, const ChannelTableView& o, std::ostream& out) {
@@ -294,6 +297,8 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
   if (IsSubcommand(args, "verification")) return RunVerification(args, out, err, program_directory);
   if (IsSubcommand(args, "settings")) return RunSettings(args, out, err, program_directory);
   if (IsSubcommand(args, "template")) return RunTemplate(args, out, err, program_directory);
+  if (IsSubcommand(args, "report")) return RunReport(args, out, err, program_directory);
+  if (IsSubcommand(args, "chart")) return RunChart(args, out, err, program_directory);
   Options options;
   try {
     options = Parse(args);

@@ -4,11 +4,18 @@
 #include <optional>
 #include <ostream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace marlview {
 
+class ShellController;
 class SoundingStore;
+
+// Selects the channels named on the command line in the main window's lists, or the first limit
+// of its available list; false (and the usage) for a name the sounding does not have.
+bool ChooseChannels(ShellController& controller, const std::vector<std::string>& names, size_t limit,
+                    std::ostream& err, std::string_view usage);
 
 // Which values the channels table shows: aligned readings of a kind, a fixed pressure mirror, the
 // unaligned readings of a kind, or the raw readings.

@@ -3,6 +3,7 @@
 
 #include <QFontMetricsF>
 #include <QImage>
+#include <QImageReader>
 #include <QPaintDevice>
 #include <QPainter>
 #include <QPen>
@@ -100,6 +101,12 @@ void QtPainterSurface::PaintPicture(const Picture& picture, double x, double y, 
   const QImage image(ToQString(picture.path));
   if (image.isNull()) return;
   painter_.drawImage(QRectF(ToDevice(x, y), ToDevice(x + width, y + height)).normalized(), image);
+}
+
+PictureSize QtPainterSurface::SizeOfPicture(const Picture& picture) {
+  const QSize size = QImageReader(ToQString(picture.path)).size();
+  if (!size.isValid()) return {};
+  return {size.width(), size.height()};
 }
 
 }  // namespace marlview

@@ -34,6 +34,7 @@ class QtPainterSurface : public DrawingSurface {
   void SetFont(std::string_view name, double size_points, bool bold, bool italic) override;
   void SetDrawWidth(int pixels) override { draw_width_ = pixels < 1 ? 1 : pixels; }
   void PaintPicture(const Picture& picture, double x, double y, double width, double height) override;
+  PictureSize SizeOfPicture(const Picture& picture) override;
   double PixelWidth() const override { return (right_ - left_) / size_.width(); }
   double PixelHeight() const override { return (bottom_ - top_) / size_.height(); }
   bool IsPrinter() const override { return printer_; }

@@ -1,13 +1,9 @@
 // The sounding list: the rows an interval keeps, the depth texts, the settings it writes, saving
-// an export, and the printed pages.
+// an export.
 #include <gtest/gtest.h>
-
-#include <deque>
 
 #include "core/common/file_access.h"
 #include "core/io/dat_reader.h"
-#include "core/presentation/print_job.h"
-#include "core/presentation/recording_surface.h"
 #include "core/presentation/sounding_list.h"
 #include "support/test_support.h"
 
@@ -28,15 +24,6 @@ class ListTest : public ::testing::Test {
 
   test::TestSession t;
   ListView view;
-};
-
-// Pages of a fixed size, each drawn on a surface of its own.
-struct RecordingJob : PrintJob {
-  DrawingSurface& NewPage() override { return pages.emplace_back(); }
-  bool EndDoc() override { return true; }
-  double PageWidthPoints() const override { return 612; }
-  double PageHeightPoints() const override { return 792; }
-  std::deque<RecordingSurface> pages;
 };
 
 TEST_F(ListTest, IntervalKeepsTheFirstRowAtOrPastEachMultiple) {
@@ -94,19 +81,6 @@ TEST_F(ListTest, SaveAddsTheExtensionAndAsksBeforeOverwriting) {
   EXPECT_FALSE(SaveExport(*t.session, t.prompts, "csv", [] { return std::string("third"); }));
   EXPECT_EQ(ReadWholeFile(path + ".csv"), "first");
   EXPECT_TRUE(t.prompts.ScriptUsedUp());
-}
-
-TEST_F(ListTest, PrintRunsOverPagesWithTheHeaderFirst) {
-  t.session->ColumnWidth = 12;
-  const std::vector<std::string> lines = ListPrintLines(*t.session, view);
-  EXPECT_EQ(lines.front(), "CPT DATA");
-  EXPECT_EQ(lines.back().size(), 10u + 12u);
-  RecordingJob job;
-  PrintList(job, *t.session, view);
-  ASSERT_EQ(job.pages.size(), 2u);  // a line is 2 % of the page: 50 rows and a header take two
-  EXPECT_EQ(job.pages[0].Texts().front().text, "CPT DATA");
-  EXPECT_EQ(job.pages[0].Texts().size() + job.pages[1].Texts().size(), lines.size());
-  EXPECT_TRUE(job.pages[1].HasText(lines.back()));
 }
 
 }  // namespace

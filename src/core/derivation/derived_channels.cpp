@@ -328,11 +328,9 @@ void Pipeline::Classify1983(int c) {
   const int spt = c + 1;
   SetFactorsFromGroup(spt, kSptGroup);
   const ChartData& chart = session_.chart;
-  const int tip = v_.TipSource(), ratio = v_.FrictionSource();
-  const double to_bar = v_.PsiFamily() ? 0.0689476 : 0.01;
   for (int r = 1; r <= s_.ReadingCount; ++r) {
-    const double tip_bar = v_.InDefaultUnit(r, tip) * to_bar;
-    const Zone1983 z = LookupZone1983(chart, tip_bar, v_.Kind(r, ratio, 0));
+    const Sbt1983Input in = ReadSbt1983Input(s_, r);
+    const Zone1983 z = LookupZone1983(chart, in.tip_bar, in.friction_ratio);
     s_.LastSbt83Zone[r] = z.zone;
     if (!z.classified) {
       v_.SetZone(r, c, 0);
@@ -409,6 +407,20 @@ void Pipeline::WetDensity(int c) {
 }
 
 }  // namespace
+
+Sbt1983Input ReadSbt1983Input(const SoundingStore& s, int r) {
+  const bool psi_family = s.AcquisitionFamily != kPxDasFamily;
+  const int tip = s.TipQtChannel != 0 ? s.TipQtChannel : s.TipChannel;
+  const int ratio = s.TipQtChannel != 0 ? s.FrictionRatioQtChannel : s.FrictionRatioQcChannel;
+  Sbt1983Input in;
+  if (tip != 0) {
+    const double factor = s.ChannelUnitFactor[tip][kGraphOutput];
+    if (factor == 0) Fail(kErrDivisionByZero);
+    in.tip_bar = s.AlignedReadings(r, KindColumn(tip, kGraphOutput)) / factor * (psi_family ? 0.0689476 : 0.01);
+  }
+  if (ratio != 0) in.friction_ratio = s.AlignedReadings(r, KindColumn(ratio, kGraphOutput));
+  return in;
+}
 
 void ComputeDerivedChannels(Session& session, SoundingStore& store, int channel_count) {
   InProcedure("ComputeDerivedChannels", [&] { Pipeline(session, store, channel_count).Run(); });

@@ -14,4 +14,12 @@ void ComputeDerivedChannels(Session& session, SoundingStore& store, int channel_
 // The same for the current sounding.
 void ComputeDerivedChannels(Session& session, int channel_count);
 
+// A reading as the 1983 chart takes it: the tip in bar (the corrected tip where the sounding has
+// one) and the friction ratio in percent that goes with that tip.
+struct Sbt1983Input {
+  double tip_bar = 0;
+  double friction_ratio = 0;
+};
+Sbt1983Input ReadSbt1983Input(const SoundingStore& store, int row);
+
 }  // namespace marlview

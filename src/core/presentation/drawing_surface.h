@@ -23,6 +23,11 @@ struct Picture {
   std::string path;
 };
 
+struct PictureSize {
+  int width = 0;
+  int height = 0;
+};
+
 class DrawingSurface {
  public:
   virtual ~DrawingSurface() = default;
@@ -44,6 +49,9 @@ class DrawingSurface {
   virtual void SetFont(std::string_view name, double size_points, bool bold, bool italic) = 0;
   virtual void SetDrawWidth(int pixels) = 0;
   virtual void PaintPicture(const Picture& picture, double x, double y, double width, double height) = 0;
+  // The picture's own size in pixels, so it can be scaled keeping its proportions; 0 x 0 when it
+  // cannot be read.
+  virtual PictureSize SizeOfPicture(const Picture&) { return {}; }
 
   // Logical units a device pixel covers across; long series are drawn at this resolution on screen.
   virtual double PixelWidth() const = 0;

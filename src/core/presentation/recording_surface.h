@@ -38,6 +38,9 @@ class RecordingSurface : public DrawingSurface {
   void SetFont(std::string_view, double, bool, bool) override {}
   void SetDrawWidth(int) override {}
   void PaintPicture(const Picture& picture, double x, double y, double width, double height) override;
+  // Every picture has the size given, whatever its file holds.
+  PictureSize SizeOfPicture(const Picture&) override { return picture_size_; }
+  void SetPictureSize(PictureSize size) { picture_size_ = size; }
   double PixelWidth() const override { return (right_ - left_) / width_; }
   double PixelHeight() const override { return (bottom_ - top_) / height_; }
   bool IsPrinter() const override { return printer_; }
@@ -45,6 +48,7 @@ class RecordingSurface : public DrawingSurface {
   const std::vector<RecordedCall>& Calls() const { return calls_; }
   std::vector<RecordedCall> Lines() const { return Of(RecordedCall::kLine); }
   std::vector<RecordedCall> Texts() const { return Of(RecordedCall::kText); }
+  std::vector<RecordedCall> Pictures() const { return Of(RecordedCall::kPicture); }
   // Whether a text containing part was printed.
   bool HasText(std::string_view part) const;
 
@@ -56,6 +60,7 @@ class RecordingSurface : public DrawingSurface {
   double left_ = 0, top_ = 0, right_ = 1, bottom_ = 1;
   double x_ = 0, y_ = 0;
   std::vector<RecordedCall> calls_;
+  PictureSize picture_size_{400, 200};
 };
 
 }  // namespace marlview

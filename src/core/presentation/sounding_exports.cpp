@@ -49,11 +49,6 @@ std::string WaterTableLine(const Session& session, const ExportOptions& o, const
   return label + FormatNumber(depth, "####0.00");
 }
 
-std::string TipLine(const SoundingStore& s) {
-  if (!s.BallTip) return "TIP CONFIGURATION: Conventional";
-  return "TIP CONFIGURATION: BALL TIP " + ShortestText(s.BallDiameter) + "mm DIAMETER";
-}
-
 // The time of a reading: the clock that ends its data line.
 std::string TailClock(const std::string& tail) {
   const std::string_view trimmed = TrimRightBlanks(tail);
@@ -136,6 +131,11 @@ std::string CellText(const Session& session, int r, int c, int kind, bool raw) {
   return out;
 }
 
+std::string TipConfigurationLine(const SoundingStore& s) {
+  if (!s.BallTip) return "TIP CONFIGURATION: Conventional";
+  return "TIP CONFIGURATION: BALL TIP " + ShortestText(s.BallDiameter) + "mm DIAMETER";
+}
+
 std::vector<std::string> TextHeaderBlock(const Session& session, const ExportOptions& o) {
   const SoundingStore& s = session.Sounding();
   std::vector<std::string> lines;
@@ -159,7 +159,7 @@ std::vector<std::string> TextHeaderBlock(const Session& session, const ExportOpt
                   "PROBE SERIAL NUMBER: " + s.ProbeSerial});
     lines.push_back(WaterTableLine(session, o, ": "));
   }
-  lines.push_back(TipLine(s));
+  lines.push_back(TipConfigurationLine(s));
   return lines;
 }
 
@@ -186,7 +186,7 @@ std::vector<std::string> CsvHeaderBlock(const Session& session, const ExportOpti
                   "PROBE SERIAL NUMBER," + s.ProbeSerial});
     lines.push_back(WaterTableLine(session, o, ","));
   }
-  lines.push_back(TipLine(s));
+  lines.push_back(TipConfigurationLine(s));
   return lines;
 }
 

@@ -23,6 +23,8 @@ struct ExportOptions {
 
 enum class GinUnit { kPsi = 1, kTsf = 2, kKpa = 3, kMpa = 4 };
 
+// "TIP CONFIGURATION: Conventional" or the ball tip with its diameter.
+std::string TipConfigurationLine(const SoundingStore& store);
 // The header block of the text form, one line each.
 std::vector<std::string> TextHeaderBlock(const Session& session, const ExportOptions& options);
 // The header block of the csv and cor forms.

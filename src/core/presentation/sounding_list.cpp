@@ -113,9 +113,7 @@ ExportOptions ListExportOptions(const ListView& view, bool include_header) {
                        .depth_unit = view.depth_unit};
 }
 
-std::vector<std::string> ListPrintLines(const Session& session, const ListView& view) {
-  std::vector<std::string> lines = TextHeaderBlock(session, ListExportOptions(view, true));
-  lines.emplace_back();
+std::vector<std::string> ListPrintHeads(const Session& session, const ListView& view) {
   const int width = session.ColumnWidth;
   std::string names, units;
   const std::vector<std::string> heading = ListHeading(session, view);
@@ -125,18 +123,13 @@ std::vector<std::string> ListPrintLines(const Session& session, const ListView& 
     names += Column(heading[i].substr(0, split), w);
     units += Column(heading[i].substr(split + 1), w);
   }
-  lines.push_back(names);
-  lines.push_back(units);
-  for (int r : ListRows(session, view)) {
-    std::string line = Column(ListDepthText(session, view, r), kDepthColumnWidth);
-    for (int c : view.channels) line += Column(ListCellText(session, view, r, c), width);
-    lines.push_back(line);
-  }
-  return lines;
+  return {names, units};
 }
 
-void PrintList(PrintJob& job, const Session& session, const ListView& view) {
-  PrintTextLines(job, ListPrintLines(session, view));
+std::string ListPrintRow(const Session& session, const ListView& view, int row) {
+  std::string line = Column(ListDepthText(session, view, row), kDepthColumnWidth);
+  for (int c : view.channels) line += Column(ListCellText(session, view, row, c), session.ColumnWidth);
+  return line;
 }
 
 void PrintTextLines(PrintJob& job, const std::vector<std::string>& lines) {

@@ -47,11 +47,10 @@ std::vector<std::string> ListHeading(const Session& session, const ListView& vie
 
 // The export options of what the list shows.
 ExportOptions ListExportOptions(const ListView& view, bool include_header);
-// The text lines of the printed list: the header block, the column headings, then the rows, each
-// column as wide as the column width setting.
-std::vector<std::string> ListPrintLines(const Session& session, const ListView& view);
-// Prints those lines in a fixed-width font, as many pages as they take.
-void PrintList(PrintJob& job, const Session& session, const ListView& view);
+// The printed list's two lines of column heads (short names, then units) and the line of a row,
+// each column as wide as the column width setting; the pages around them are the report's.
+std::vector<std::string> ListPrintHeads(const Session& session, const ListView& view);
+std::string ListPrintRow(const Session& session, const ListView& view, int row);
 // Prints text lines as the list is printed: a fixed-width font, top to bottom, page after page.
 void PrintTextLines(PrintJob& job, const std::vector<std::string>& lines);
 

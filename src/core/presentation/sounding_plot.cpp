@@ -10,6 +10,7 @@
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
+#include "core/presentation/sounding_report.h"
 #include "core/session/session.h"
 
 namespace marlview {
@@ -42,11 +43,6 @@ constexpr StepRow kStepRows[] = {
 // Minor ticks of the rows that give none.
 constexpr int kDefaultMinor = 5;
 
-bool IsSbt(const SoundingStore& s, int c) {
-  return c != 0 && (c == s.Sbt83Channel || c == s.Sbt86FrChannel || c == s.Sbt86PpChannel ||
-                    c == s.Sbt90QtChannel || c == s.Sbt90BqChannel);
-}
-
 double Value(const SoundingStore& s, int r, int c) { return s.AlignedReadings(r, KindColumn(c, kGraphOutput)); }
 
 std::string DepthUnitText(const PlotState& plot) { return plot.DepthUnit == 1 ? "(m)" : "(ft)"; }
@@ -75,72 +71,52 @@ bool CutToRectangle(double& x0, double& y0, double& x1, double& y1, double left,
 
 class PlotDrawing {
  public:
-  PlotDrawing(DrawingSurface& surface, double width, double height, PlotState& plot, const Session& session)
-      : g_(surface), width_(width), height_(height), plot_(plot), session_(session), s_(session.Sounding()) {}
+  PlotDrawing(DrawingSurface& surface, PlotState& plot, const Session& session, const PlotPens& pens)
+      : g_(surface), plot_(plot), session_(session), s_(session.Sounding()), pens_(pens) {}
 
-  void Draw();
+  void Draw(double left, double top, double right, double bottom);
 
  private:
-  void Header();
   void DepthAxis();
   void Column(int i);
   void StepCurve(int i, bool zones);
   void WaterTable();
   void Comments();
-  void Note();
   double Depth(int r) const { return PlotDepth(plot_, session_, s_.DepthTable(r, 1)); }
   void Text(double x, double y, const std::string& text) {
     g_.SetCurrentXY(x, y);
     g_.Print(text);
   }
+  // A line in a pen of its own width, back to the border's pen after it.
+  void PenLine(double x1, double y1, double x2, double y2, Colour colour, int width) {
+    g_.SetDrawWidth(width);
+    g_.Line(x1, y1, x2, y2, colour);
+    g_.SetDrawWidth(pens_.border);
+  }
+  Colour Trace() const { return pens_.colour ? kRed : kBlack; }
 
   DrawingSurface& g_;
-  double width_, height_;
   PlotState& plot_;
   const Session& session_;
   const SoundingStore& s_;
+  const PlotPens& pens_;
 };
 
-void PlotDrawing::Draw() {
-  g_.SetScale(0, 0, width_, height_);
-  g_.Cls();
+// The column captions and scales stand in the top of the frame, the depth labels in its left.
+void PlotDrawing::Draw(double left, double top, double right, double bottom) {
   g_.SetFont("Arial", 8, false, false);
-  g_.SetDrawWidth(1);
+  g_.SetDrawWidth(pens_.border);
   const double line = g_.TextHeight("Ag");
-  plot_.PlotAreaLeft = std::floor(width_ * 0.08);
-  plot_.PlotAreaWidth = std::floor(width_ * 0.90);
-  plot_.PlotAreaTop = std::floor(line * 7);
-  plot_.PlotAreaHeight = std::max(1.0, std::floor(height_ - plot_.PlotAreaTop - line * 4));
+  const double width = right - left;
+  plot_.PlotAreaLeft = std::floor(left + width * 0.08);
+  plot_.PlotAreaWidth = std::floor(width * 0.91);
+  plot_.PlotAreaTop = std::floor(top + line * 3.5);
+  plot_.PlotAreaHeight = std::max(1.0, std::floor(bottom - plot_.PlotAreaTop));
   DivideColumns(plot_, s_);
-  Header();
   DepthAxis();
   for (int i = 1; i <= plot_.PlotChannelCount; ++i) Column(i);
   WaterTable();
   Comments();
-  Note();
-}
-
-void PlotDrawing::Header() {
-  g_.SetFont("Arial", 9, true, false);
-  const double line = g_.TextHeight("Ag");
-  Text(plot_.PlotAreaLeft, line * 0.3, session_.general.CompanyGraphTitle.empty()
-                                           ? std::string("SOUNDING PLOT")
-                                           : session_.general.CompanyGraphTitle);
-  g_.SetFont("Arial", 8, false, false);
-  Text(plot_.PlotAreaLeft, line * 1.5, "FILENAME: " + s_.SoundingFileName);
-  // Each family keeps its own header text.
-  const bool px_das = s_.AcquisitionFamily == kPxDasFamily;
-  Text(plot_.PlotAreaLeft, line * 2.5, "LOCATION: " + (px_das ? s_.LocationName : s_.Location));
-  std::string right = "DATE: " + (px_das ? s_.TestDateText : s_.TestDate);
-  right += s_.WaterTableDepth == -99
-               ? std::string("   WT: UNDEF.")
-               : "   WT: " + FormatNumber(PlotDepth(plot_, session_, s_.WaterTableDepth), "###0.00") + " " +
-                     DepthUnitText(plot_);
-  Text(plot_.PlotAreaLeft + plot_.PlotAreaWidth / 2, line * 1.5, right);
-  if (s_.EndBaselinePresent && s_.TipQtChannel != 0) {
-    Text(plot_.PlotAreaLeft + plot_.PlotAreaWidth / 2, line * 2.5,
-         "FINAL BASELINE: " + FormatNumber(s_.FinalBaselineValue[s_.TipQtChannel][kGraphOutput], "##0.00"));
-  }
 }
 
 void PlotDrawing::DepthAxis() {
@@ -156,7 +132,7 @@ void PlotDrawing::DepthAxis() {
     g_.Line(left - 4, y, left, y, kBlack);
     const std::string label = FormatNumber(plot_.ElevationMode ? -d : d, "###0");
     Text(left - g_.TextWidth(label) - 6, y - g_.TextHeight(label) / 2, label);
-    if (plot_.GridOn) g_.Line(left, y, left + plot_.PlotAreaWidth, y, kGridColour);
+    if (plot_.GridOn) PenLine(left, y, left + plot_.PlotAreaWidth, y, kGridColour, pens_.grid);
   }
 }
 
@@ -180,7 +156,7 @@ void PlotDrawing::Column(int i) {
   for (double v : ticks) {
     const double x = ValueToX(plot_, i, v);
     g_.Line(x, top, x, top - 4, kBlack);
-    if (plot_.GridOn && v != min && v != max) g_.Line(x, top, x, bottom, kGridColour);
+    if (plot_.GridOn && v != min && v != max) PenLine(x, top, x, bottom, kGridColour, pens_.grid);
     const std::string label = FormatNumber(v, pattern);
     // Labels stay inside their column and never run into the one before.
     const double label_left = std::clamp(x - g_.TextWidth(label) / 2, left + 1, left + width - g_.TextWidth(label) - 1);
@@ -199,7 +175,11 @@ void PlotDrawing::Column(int i) {
   const int style = s_.ChannelCurveStyle[c];
   if (style == 2) StepCurve(i, true);
   else if (style == 1) StepCurve(i, false);
-  else DrawTrace(g_, plot_, session_, i, s_.AlignedReadings, KindColumn(c, kGraphOutput), kRed);
+  else {
+    g_.SetDrawWidth(pens_.data);
+    DrawTrace(g_, plot_, session_, i, s_.AlignedReadings, KindColumn(c, kGraphOutput), Trace());
+    g_.SetDrawWidth(pens_.border);
+  }
 }
 
 // Soil behaviour types as bars in their zone colours; SPT N* as a step trace of its own.
@@ -219,13 +199,16 @@ void PlotDrawing::StepCurve(int i, bool zones) {
       const int zone = static_cast<int>(v);
       if (zone < 1 || zone > 12 || static_cast<double>(zone) != v) continue;
       const double x = std::clamp(ValueToX(plot_, i, v), left, right);
-      if (y1 > y0) g_.Box(left, y0, x, y1, ZoneColour(zone, brightness), true);
+      const Colour colour = ZoneColour(zone, brightness);
+      // Without colour a zone keeps its lightness as a grey.
+      const auto grey = static_cast<uint8_t>((colour.r * 30 + colour.g * 59 + colour.b * 11) / 100);
+      if (y1 > y0) g_.Box(left, y0, x, y1, pens_.colour ? colour : Colour{grey, grey, grey}, true);
       continue;
     }
     if (v <= plot_.AxisMin[i]) continue;
     const double x = std::clamp(ValueToX(plot_, i, v), left, right);
-    g_.Line(left, y1, x, y1, kRed);
-    if (y1 > y0) g_.Line(x, y0, x, y1, kRed);
+    PenLine(left, y1, x, y1, Trace(), pens_.data);
+    if (y1 > y0) PenLine(x, y0, x, y1, Trace(), pens_.data);
   }
 }
 
@@ -235,7 +218,7 @@ void PlotDrawing::WaterTable() {
   if (d < plot_.DepthAxisMin || d > plot_.DepthAxisMax) return;
   const double y = DepthToY(plot_, d);
   const double left = plot_.PlotAreaLeft;
-  g_.Line(left - 10, y, left + plot_.PlotAreaWidth, y, kWaterTableColour);
+  g_.Line(left - 10, y, left + plot_.PlotAreaWidth, y, pens_.colour ? kWaterTableColour : kBlack);
   Text(left + 2, y - g_.TextHeight("Ag"), " WT: " + FormatNumber(d, " ###0"));
 }
 
@@ -247,16 +230,6 @@ void PlotDrawing::Comments() {
     g_.Line(plot_.PlotAreaLeft, y, plot_.PlotAreaLeft + 12, y, kCommentColour);
     Text(plot_.PlotAreaLeft + 14, y - g_.TextHeight("Ag") / 2, comment.text);
   }
-}
-
-void PlotDrawing::Note() {
-  bool sbt = false;
-  for (int i = 1; i <= plot_.PlotChannelCount; ++i) sbt = sbt || IsSbt(s_, plot_.PlotChannels[i]);
-  if (!sbt) return;
-  const int chart = std::clamp(plot_.SbtChartChoice, 1, 3) - 1;
-  const std::string& title = session_.chart.ChartTitle[chart];
-  Text(plot_.PlotAreaLeft, plot_.PlotAreaTop + plot_.PlotAreaHeight + g_.TextHeight("Ag") * 0.5,
-       session_.chart.NoteText[chart] + "; **Overconsolidated or Cemented; SBT/SPT CORRELATION: " + title);
 }
 
 }  // namespace
@@ -414,8 +387,13 @@ void DrawTrace(DrawingSurface& g, const PlotState& plot, const Session& session,
   flush();
 }
 
+void DrawPlotArea(DrawingSurface& surface, double left, double top, double right, double bottom, PlotState& plot,
+                  const Session& session, const PlotPens& pens) {
+  PlotDrawing(surface, plot, session, pens).Draw(left, top, right, bottom);
+}
+
 void GraphData(DrawingSurface& surface, double width, double height, PlotState& plot, const Session& session) {
-  InProcedure("GraphData", [&] { PlotDrawing(surface, width, height, plot, session).Draw(); });
+  InProcedure("GraphData", [&] { DrawPlotWindowPage(surface, width, height, plot, session); });
 }
 
 std::optional<double> LineDrawY(const PlotState& plot, const Session& session, int row) {

@@ -73,8 +73,21 @@ double ValueToX(const PlotState& plot, int column, double value);
 void DrawTrace(DrawingSurface& surface, const PlotState& plot, const Session& session, int i,
                const ColumnTable<float>& table, int table_column, Colour colour);
 
-// Draws the whole plot on surface, whose logical size is width x height.
+// Draws the plot window's picture on surface, whose logical size is width x height: the plot page
+// of the sounding report as the window holds it, with the header of the print settings.
 void GraphData(DrawingSurface& surface, double width, double height, PlotState& plot, const Session& session);
+// The pens of the print settings: widths of the borders, the curves and the grid, and colour or
+// black and grey.
+struct PlotPens {
+  int border = 1;
+  int data = 1;
+  int grid = 1;
+  bool colour = true;
+};
+// The plot itself (depth axis, columns with their captions and scales, water table, comments) in
+// the frame left..right, top..bottom of a surface already scaled; the captions take the frame's top.
+void DrawPlotArea(DrawingSurface& surface, double left, double top, double right, double bottom, PlotState& plot,
+                  const Session& session, const PlotPens& pens = {});
 
 // The y of the marker line of a reading: its depth over the axis span, without taking off the
 // axis minimum (kept as the plot always drew it). Nothing for a row below 1.

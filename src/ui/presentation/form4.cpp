@@ -17,6 +17,7 @@
 #include "core/common/number_format.h"
 #include "core/common/runtime_failure.h"
 #include "core/editing/edit_operations.h"
+#include "core/presentation/sounding_report.h"
 #include "core/session/session.h"
 #include "ui/common/event_guard.h"
 #include "ui/common/named.h"
@@ -266,12 +267,9 @@ void Form4::ClearReadout() {
   for (QLabel* label : lblChannelValue) label->clear();
 }
 
-// A page of its own scale: the window's plot area, which the read-out follows, stays as it is.
+// The report's plot page; the window's plot area, which the read-out follows, stays as it is.
 void Form4::PrintPages(PrintJob& job) {
-  RunGuarded(prompts_, "GraphData", [&] {
-    PlotState page = plot_;
-    GraphData(job.NewPage(), job.PageWidthPoints(), job.PageHeightPoints(), page, session_);
-  });
+  RunGuarded(prompts_, "PrintSounding", [&] { PrintSounding(job, plot_, session_); });
 }
 
 void Form4::SetDepthUnit(int unit) {

@@ -16,6 +16,7 @@
 
 #include "core/editing/edit_operations.h"
 #include "core/presentation/sounding_exports.h"
+#include "core/presentation/sounding_report.h"
 #include "core/session/session.h"
 #include "ui/common/event_guard.h"
 #include "ui/common/named.h"
@@ -81,6 +82,7 @@ void FrmSoundingData::BuildMenus() {
   QMenu* file = menuBar()->addMenu("&File");
   file->setObjectName("mnuFile");
   mnuPrint = NamedAction(file, "mnuPrint", "&Print...");
+  mnuPrintPreview = NamedAction(file, "mnuPrintPreview", "Print Pre&view...");
   file->addSeparator();
   QMenu* save = file->addMenu("&Save / Export");
   save->setObjectName("mnuSave");
@@ -167,6 +169,11 @@ void FrmSoundingData::Connect() {
   Handle(mnuWetDensity, "mnuWetDensity_Click", [this] { FrmWetDensity(session_, prompts_, this).exec(); }, true);
   Handle(mnuPrint, "mnuPrint_Click", [this] {
     PrintWithDialog(this, [this](PrintJob& job) { PrintList(job, session_, view_); });
+  }, false);
+  Handle(mnuPrintPreview, "mnuPrintPreview_Click", [this] {
+    PrintPreview(this, [this](PrintJob& job) {
+      RunGuarded(prompts_, "mnuPrint_Click", [&] { PrintList(job, session_, view_); });
+    });
   }, false);
 
   auto save = [this](QAction* action, const char* source, const char* extension, std::function<std::string()> render) {

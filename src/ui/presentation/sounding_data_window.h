@@ -42,6 +42,7 @@ class FrmSoundingData : public QMainWindow {
   QScrollBar* VScroll1;
   QScrollBar* HScroll1;
   QAction* mnuPrint;
+  QAction* mnuPrintPreview;
   QAction* mnuSavetxtIncludeHeader;
   QAction* mnuSavetxtDiscardHeader;
   QAction* mnuExportCSVFileIncludeHeader;

@@ -22,6 +22,7 @@
 #include "ui/editing/parameter_dialogs_ui.h"
 #include "ui/presentation/ecp_window.h"
 #include "ui/presentation/form4.h"
+#include "ui/presentation/form6.h"
 #include "ui/presentation/sounding_data_window.h"
 #include "ui/seismic/seisform.h"
 #include "ui/settings/frm_print_settings.h"
@@ -248,7 +249,9 @@ void Form1::Connect() {
     Handle("mnuSaveTemplate_Click",
            [&] { FrmSoundingSaveTemplate(session_, prompts_, controller_.View().selected_rows, this).exec(); });
   });
-  later(mnuClassificationChart, "The soil classification chart");
+  connect(mnuClassificationChart, &QAction::triggered, this, [this] {
+    Handle("mnuClassificationChart_Click", [&] { OpenClassificationChart(session_, prompts_, this); });
+  });
   connect(mnuAbout, &QAction::triggered, this,
           [this] { Handle("mnuAbout_Click", [&] { prompts_.Tell(kProgramTitle); }); });
 }
