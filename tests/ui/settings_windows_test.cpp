@@ -10,12 +10,14 @@
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QtTest>
+#include <algorithm>
 
 #include "core/common/file_access.h"
 #include "core/session/session.h"
 #include "core/shell/startup.h"
 #include "support/qt_test_support.h"
 #include "support/test_support.h"
+#include "ui/settings/frm_display_units.h"
 #include "ui/settings/frm_print_settings.h"
 #include "ui/settings/settings_windows.h"
 #include "ui/shell/form1.h"
@@ -128,6 +130,24 @@ class SettingsWindowsTest : public QObject, protected marlview::test::MainWindow
     QCOMPARE(form_->lstSelectedChannels->item(0)->text(), chosen[0]);
     QCOMPARE(form_->lstSelectedChannels->item(1)->text(), chosen[1]);
     QVERIFY(t_->prompts.Texts().empty());
+  }
+
+  void ChannelUnitsAndFormatsAreKeptForTheNextStart() {
+    marlview::test::AnswerModal<marlview::FrmDisplayUnits>(this, [](marlview::FrmDisplayUnits* dialog) {
+      // SPT N* as a whole number in the CSV form, and Tip (Qc) in kPa on the graph.
+      const auto& ids = dialog->Ids();
+      const auto row = [&](int id) { return static_cast<int>(std::find(ids.begin(), ids.end(), id) - ids.begin()); };
+      dialog->lstChannels->setCurrentRow(row(46));
+      dialog->cmbFormat[3]->setCurrentText("######0");
+      dialog->lstChannels->setCurrentRow(row(1));
+      dialog->cmbUnits[0]->setCurrentIndex(dialog->cmbUnits[0]->findText("kPa"));
+      QTest::mouseClick(dialog->cmdOK, Qt::LeftButton);
+    });
+    form_->mnuChannelUnitsFormats->trigger();
+    const auto session = Restart();
+    QCOMPARE(QString::fromStdString(session->choices.FormatChoice[3][46]), QString("######0"));
+    QCOMPARE(QString::fromStdString(session->units.Name(session->choices.UnitChoice[0][1], 1)), QString("kPa"));
+    QCOMPARE(QString::fromStdString(session->choices.FormatChoice[4][46]), QString("######0.000"));
   }
 };
 

@@ -72,6 +72,11 @@ void ApplyCustomHeaders(Session& session, const CustomHeaders& headers) {
   WriteSettingsFile(session, "CUSTOM HEADERS.txt", WriteCustomHeaders(headers));
 }
 
+void ApplyDisplayUnits(Session& session, const ChannelChoices& choices) {
+  session.choices = choices;
+  WriteSettingsFile(session, "Display Units.txt", WriteDisplayUnits(choices));
+}
+
 std::string LogoPath(const Session& session) { return session.SettingsPath("logo.jpg"); }
 
 void StoreLogo(Session& session, const std::string& picture_path) {

@@ -32,6 +32,14 @@ float StoredSoilDensity(double shown, int16_t units);
 // "Rod Break Threshold.txt" and "Logo Scale Factor.txt" are written.
 bool ApplyGeneralSettings(Session& session, UserPrompts& prompts, const GeneralSettingsForm& form);
 
+// The number patterns frmDisplayUnits offers for each output of a channel.
+inline constexpr const char* kDisplayFormatPatterns[] = {"######0.000000", "######0.00000", "######0.0000",
+                                                         "######0.000",    "######0.00",    "######0.0",
+                                                         "######0.",       "######0",       "0.0000E+00!"};
+// frmDisplayUnits OK: the session takes the label, unit and format choices and "Display Units.txt"
+// is written. A sounding opened from then on takes them; the open one keeps what it was read with.
+void ApplyDisplayUnits(Session& session, const ChannelChoices& choices);
+
 // frmSetSoundingCustomHeaders OK: the table is kept and "CUSTOM HEADERS.txt" written.
 void ApplyCustomHeaders(Session& session, const CustomHeaders& headers);
 

@@ -25,6 +25,7 @@
 #include "ui/presentation/form6.h"
 #include "ui/presentation/sounding_data_window.h"
 #include "ui/seismic/seisform.h"
+#include "ui/settings/frm_display_units.h"
 #include "ui/settings/frm_print_settings.h"
 #include "ui/settings/settings_windows.h"
 #include "ui/verification/frm_verification.h"
@@ -212,14 +213,12 @@ void Form1::Connect() {
           [this] { Handle("mnuSingleTest_Click", [&] { controller_.SetSingleTest(); }); });
   connect(mnuMultipleTests, &QAction::triggered, this,
           [this] { Handle("mnuMultipleTests_Click", [&] { controller_.SetMultipleTests(); }); });
-  auto later = [this](QAction* action, const char* what) {
-    connect(action, &QAction::triggered, this,
-            [this, what] { Handle("Form1", [&] { controller_.NotAvailable(what); }); });
-  };
-  later(mnuChannelUnitsFormats, "The channel units and formats dialog");
   const auto plot_changed = [this] {
     if (plot_window_ != nullptr && session_.flags.PlotWindowOpen) plot_window_->SettingsChanged();
   };
+  connect(mnuChannelUnitsFormats, &QAction::triggered, this, [this] {
+    Handle("mnuChannelUnitsFormats_Click", [&] { FrmDisplayUnits(session_, prompts_, this).exec(); });
+  });
   connect(mnuGeneralSettings, &QAction::triggered, this, [this, plot_changed] {
     Handle("mnuGeneralSettings_Click", [&] { FrmGeneralSettings(session_, prompts_, plot_changed, this).exec(); });
   });
