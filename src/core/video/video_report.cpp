@@ -25,8 +25,9 @@ std::string DepthText(const VideoSession& video, int row) {
 }
 
 std::string ChannelLine(const VideoSession& video, int row, int channel) {
-  return video.ChannelCellText(row, channel) + " " +
-         video.Owner().Sounding().ChannelName[static_cast<size_t>(channel)];
+  std::string text = video.ChannelCellText(row, channel);
+  if (!text.ends_with(' ')) text += ' ';
+  return text + video.Owner().Sounding().ChannelName[static_cast<size_t>(channel)];
 }
 
 // The heading of every page: the test, from the time file's name.
