@@ -15,6 +15,7 @@
 #include "app/cli_globals.h"
 #include "app/cli_prompts.h"
 #include "app/cli_seismic.h"
+#include "app/cli_video.h"
 #include "core/common/file_access.h"
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
@@ -63,7 +64,8 @@ constexpr const char* kUsage =
     "                    dissipation FILE --test N --csv|--txt -o OUT [--percent-max] [--percent-head]\n"
     "                    dissipation FILE --export txt|csv|txt-each|csv-each -o OUT\n"
     "                    edit FILE [OPERATION]... (-o OUT [--dat-compatible] | --channels [--kind K])\n"
-    "                    seismic FILE [OPERATION]... [--waves | --velocities]\n";
+    "                    seismic FILE [OPERATION]... [--waves | --velocities]\n"
+    "                    video VIDEO TIMEFILE [SETTING]... [POSITION] [ACTION]\n";
 
 struct Options : GlobalOptions {
   std::vector<std::string> positional;
@@ -125,16 +127,6 @@ Options Parse(const std::vector<std::string>& args) {
 
 // A 32-bit value as the shortest decimal that reads back to it.
 Json FloatJson(float value) { return Json(std::stod(ShortestText(value))); }
-
-std::string CsvField(const std::string& text) {
-  if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
-  std::string quoted = "\"";
-  for (char c : text) {
-    if (c == '"') quoted += '"';
-    quoted += c;
-  }
-  return quoted + "\"";
-}
 
 Json InfoJson(const SoundingStore& s) {
   Json info;
@@ -301,6 +293,7 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
            const std::string& program_directory) {
   if (IsSubcommand(args, "seismic")) return RunSeismic(args, out, err, program_directory);
   if (IsSubcommand(args, "edit")) return RunEdit(args, out, err, program_directory);
+  if (IsSubcommand(args, "video")) return RunVideo(args, out, err, program_directory);
   Options options;
   try {
     options = Parse(args);

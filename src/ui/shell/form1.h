@@ -25,6 +25,7 @@ class FrmEdit;
 class FrmSoundingData;
 class FrmSoundingECPData;
 class Seisform;
+class FrmVideoProcessor;
 
 class Form1 : public QMainWindow {
   Q_OBJECT
@@ -44,6 +45,8 @@ class Form1 : public QMainWindow {
   FrmEdit* EditWindow() const { return edit_window_.get(); }
   // The seismic log window while seismic mode is on.
   Seisform* SeismicWindow() const { return seismic_window_.get(); }
+  // The video window while video mode is on.
+  FrmVideoProcessor* VideoWindow() const { return video_window_.get(); }
 
   QGroupBox* frmSelectTestType;
   QRadioButton* optProcessSounding;
@@ -105,6 +108,9 @@ class Form1 : public QMainWindow {
   void OpenSeismicWindow();
   // The log window's way back: closes it and its workbench, and the processing options return.
   void ReturnFromSeismic();
+  void OpenVideoWindow();
+  // The video window's way back: closes it, and the processing options return.
+  void ReturnFromVideo();
   // The plot window's way back: closes it and runs the sounding's done flow.
   void ReturnFromPlot();
 
@@ -117,6 +123,7 @@ class Form1 : public QMainWindow {
   std::unique_ptr<FrmSoundingECPData> ecp_window_;
   std::unique_ptr<FrmEdit> edit_window_;
   std::unique_ptr<Seisform> seismic_window_;
+  std::unique_ptr<FrmVideoProcessor> video_window_;
 };
 
 }  // namespace marlview
