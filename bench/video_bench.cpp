@@ -62,7 +62,7 @@ void BM_ExtractEveryRow(benchmark::State& state) {
     });
   }
   state.counters["pictures"] = pictures;
-  state.counters["ms_per_picture"] =
+  state.counters["seconds_per_picture"] =
       benchmark::Counter(static_cast<double>(pictures), benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
 }
 BENCHMARK(BM_ExtractEveryRow)->Iterations(1)->Unit(benchmark::kSecond);

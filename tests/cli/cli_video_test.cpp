@@ -81,7 +81,7 @@ TEST_F(CliVideoTest, AProgramNowhereToBeFoundEndsTheSession) {
   const CliRun run = Video({"--ffmpeg", missing, "--data-dir", settings_.Path()});
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.out, "");
-  EXPECT_NE(run.err.find("! FFMPEG directory has been set\n"), std::string::npos);
+  EXPECT_EQ(run.err.find("has been set"), std::string::npos);
   EXPECT_NE(run.err.find("! FFMPEG directory has not been set.  Cannot continue"), std::string::npos);
 }
 

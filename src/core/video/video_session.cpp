@@ -96,7 +96,7 @@ bool VideoSession::LocateProgram(std::string& path, const char* name, const char
     if (!found.empty()) request.start_directory = std::string(FolderPart(found));
     chosen = prompts_.OpenFile(request);
   }
-  if (chosen.empty()) {
+  if (chosen.empty() || !FileExists(chosen)) {
     prompts_.Tell(u + " directory has not been set.  Cannot continue");
     return false;
   }

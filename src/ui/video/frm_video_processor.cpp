@@ -60,7 +60,7 @@ void VideoPicture::paintEvent(QPaintEvent*) {
   painter.drawImage(target, frame);
 }
 
-FrmChangeStartDepth::FrmChangeStartDepth(VideoSession& video, UserPrompts& prompts, QWidget* parent)
+FrmChangeVideoStartDepth::FrmChangeVideoStartDepth(VideoSession& video, UserPrompts& prompts, QWidget* parent)
     : QDialog(parent) {
   setObjectName("frmChangeStartDepth");
   setWindowTitle("CHANGE START DEPTH");
@@ -272,7 +272,7 @@ void FrmVideoProcessor::Connect() {
   connect(cmbPrintCoverSheet, &QComboBox::activated, this,
           [this](int index) { Handle("cmbPrintCoverSheet_Click", [this, index] { video_.SetCoverSheet(index == 1); }); });
   click(cmdSave, "cmdSave_Click", [this] { video_.SaveConfiguration(); });
-  click(cmdChangeStartDepth, "cmdChangeStartDepth_Click", [this] { FrmChangeStartDepth(video_, prompts_, this).exec(); });
+  click(cmdChangeStartDepth, "cmdChangeStartDepth_Click", [this] { FrmChangeVideoStartDepth(video_, prompts_, this).exec(); });
   click(cmdExtractCurrentImage, "cmdExtractCurrentImage_Click", [this] { video_.ExtractCurrentImage(); });
   click(cmdExtractImages, "cmdExtractImages_Click", [this] {
     extracting_ = true;

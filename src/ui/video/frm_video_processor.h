@@ -33,10 +33,11 @@ class VideoPicture : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 };
 
-class FrmChangeStartDepth : public QDialog {
+// frmChangeStartDepth of the video window; the editor has a dialog of that name for the sounding.
+class FrmChangeVideoStartDepth : public QDialog {
   Q_OBJECT
  public:
-  FrmChangeStartDepth(VideoSession& video, UserPrompts& prompts, QWidget* parent);
+  FrmChangeVideoStartDepth(VideoSession& video, UserPrompts& prompts, QWidget* parent);
   QLabel* lblCurrentStartDepth;
   QLineEdit* txtNewStartDepth;
   QPushButton* cmdOkStartDepthChange;
