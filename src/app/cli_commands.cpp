@@ -35,20 +35,6 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-// Text and pictures need a GUI application even without a window; the CLI runs it offscreen.
-void EnsureGuiApplication() {
-  if (QGuiApplication::instance() != nullptr) return;
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  // Standard error carries the program's own messages only.
-  qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& message) {
-    if (type == QtFatalMsg) std::fputs(qPrintable(message + "\n"), stderr);
-  });
-  static int argc = 1;
-  static char name[] = "marlview-cli";
-  static char* argv[] = {name, nullptr};
-  static QGuiApplication application(argc, argv);
-}
-
 constexpr const char* kUsage =
     "usage: marlview-cli [--data-dir DIR] [--feet] [--water-table D] [--start-depth-unit m|ft]\n"
     "                    [--spikes remove|keep] [--munsell import|skip] [--tip-area MM2] [--yes]\n"

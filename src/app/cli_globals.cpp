@@ -1,7 +1,9 @@
 // The global options of marlview-cli.
 #include "app/cli_globals.h"
 
+#include <QGuiApplication>
 #include <algorithm>
+#include <cstdio>
 #include <iterator>
 
 #include "core/common/number_read.h"
@@ -63,6 +65,20 @@ bool IsSubcommand(const std::vector<std::string>& args, std::string_view name) {
     return args[i] == name;
   }
   return false;
+}
+
+// Text and pictures need a GUI application even without a window; the CLI runs it offscreen.
+void EnsureGuiApplication() {
+  if (QGuiApplication::instance() != nullptr) return;
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  // Standard error carries the program's own messages only.
+  qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& message) {
+    if (type == QtFatalMsg) std::fputs(qPrintable(message + "\n"), stderr);
+  });
+  static int argc = 1;
+  static char name[] = "marlview-cli";
+  static char* argv[] = {name, nullptr};
+  static QGuiApplication application(argc, argv);
 }
 
 std::string CsvField(const std::string& text) {

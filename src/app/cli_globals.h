@@ -34,6 +34,8 @@ bool ParseGlobalOption(const std::string& a, const std::function<const std::stri
 bool GlobalOptionTakesValue(const std::string& a);
 // Whether the command line's subcommand, its first word that is no option, is name.
 bool IsSubcommand(const std::vector<std::string>& args, std::string_view name);
+// Starts the offscreen GUI application that drawing text and pictures needs, once.
+void EnsureGuiApplication();
 // A field of a CSV line, quoted as RFC 4180 asks when it holds a comma, a quote or a line end.
 std::string CsvField(const std::string& text);
 

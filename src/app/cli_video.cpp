@@ -314,6 +314,7 @@ void RunAction(VideoSession& video, const VideoOptions& o, std::ostream& out) {
       const std::vector<int> rows = video.LogRows(o.from.value_or(from), o.to.value_or(to));
       if (o.action == Action::kReport) {
         check_picture();
+        EnsureGuiApplication();
         PdfPrintJob job(*o.output, PaperSize::kLetter);
         PrintVideoLog(job, video, rows);
         if (!job.EndDoc()) Fail(kErrPathAccess, "cmdPrint_Click");
@@ -337,6 +338,7 @@ void RunAction(VideoSession& video, const VideoOptions& o, std::ostream& out) {
     }
     case Action::kPrintFrame: {
       check_picture();
+      EnsureGuiApplication();
       video.SetPosition(video.Position);
       PdfPrintJob job(*o.output, PaperSize::kLetter);
       PrintCurrentImage(job, video);
