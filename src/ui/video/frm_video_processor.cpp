@@ -272,11 +272,30 @@ void FrmVideoProcessor::Connect() {
   connect(cmbPrintCoverSheet, &QComboBox::activated, this,
           [this](int index) { Handle("cmbPrintCoverSheet_Click", [this, index] { video_.SetCoverSheet(index == 1); }); });
   click(cmdSave, "cmdSave_Click", [this] { video_.SaveConfiguration(); });
-  click(cmdChangeStartDepth, "cmdChangeStartDepth_Click", [this] { FrmChangeVideoStartDepth(video_, prompts_, this).exec(); });
+  click(cmdChangeStartDepth, "cmdChangeStartDepth_Click", [this] {
+    const int before = video_.Position;
+    FrmChangeVideoStartDepth(video_, prompts_, this).exec();
+    // The scroll bar moved to the new start: its frame is fetched as a move of the bar does.
+    if (video_.Position != before) video_.SetPosition(video_.Position);
+  });
   click(cmdExtractCurrentImage, "cmdExtractCurrentImage_Click", [this] { video_.ExtractCurrentImage(); });
   click(cmdExtractImages, "cmdExtractImages_Click", [this] {
-    extracting_ = true;
-    cmdExtractImages->setEnabled(false);
+    // The window shows each picture as it goes but takes no other command until the end, however
+    // the extraction ends.
+    struct Busy {
+      FrmVideoProcessor* window;
+      explicit Busy(FrmVideoProcessor* w) : window(w) {
+        window->extracting_ = true;
+        window->centralWidget()->setEnabled(false);
+        window->menuBar()->setEnabled(false);
+      }
+      ~Busy() {
+        window->extracting_ = false;
+        window->centralWidget()->setEnabled(true);
+        window->menuBar()->setEnabled(true);
+        if (window->close_after_extraction_) QMetaObject::invokeMethod(window, &QWidget::close, Qt::QueuedConnection);
+      }
+    } busy(this);
     video_.ExtractImages([this](int row, const std::string&) {
       {
         const QSignalBlocker block(scrVideoPosition);
@@ -287,9 +306,6 @@ void FrmVideoProcessor::Connect() {
       QApplication::processEvents();
       return extracting_;
     });
-    extracting_ = false;
-    cmdExtractImages->setEnabled(true);
-    if (close_after_extraction_) QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
   });
   click(cmdSounding, "cmdSounding_Click", [this] { video_.ToggleSounding(); });
   connect(lstAvailableChannels, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
