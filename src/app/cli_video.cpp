@@ -247,7 +247,6 @@ void ApplySettings(VideoSession& video, const VideoOptions& o) {
   if (o.columns) video.SetColumns(*o.columns);
   if (o.crop) video.SetCropping(*o.crop);
   if (o.cover_sheet) video.SetCoverSheet(*o.cover_sheet);
-  if (o.save_config) video.SaveConfiguration();
   if (o.start_depth) video.ChangeStartDepth(*o.start_depth);
 }
 
@@ -373,6 +372,8 @@ int RunVideo(const std::vector<std::string>& args, std::ostream& out, std::ostre
     }
     ApplySettings(video, options);
     SetPosition(video, options);
+    // Written once the whole command line is known to be good; the start depth changes nothing it holds.
+    if (options.save_config) video.SaveConfiguration();
     RunAction(video, options, out);
   } catch (const UsageError& error) {
     err << "marlview-cli: " << error.what() << '\n' << kVideoUsage;

@@ -63,7 +63,8 @@ class VideoWindowTest : public QObject, private marlview::test::MainWindowTest {
     t_->prompts.ClearLog();
     t_->prompts.Script({out.File("frame.bmp")});
     QTest::mouseClick(window->cmdExtractCurrentImage, Qt::LeftButton);
-    QCOMPARE(t_->prompts.LastFileRequest().default_name, samples + "/OCPT-A01(002.140m).bmp");
+    QCOMPARE(t_->prompts.LastFileRequest().default_name, std::string("OCPT-A01(002.140m).bmp"));
+    QCOMPARE(t_->prompts.LastFileRequest().start_directory, samples);
     const auto saved = marlview::ReadBmp(marlview::ReadWholeFile(out.File("frame.bmp")));
     QVERIFY(saved.has_value());
     QCOMPARE(saved->width, 648);

@@ -45,6 +45,14 @@ std::string WithoutExtension(const std::string& path) {
   return dot != std::string::npos && dot >= name ? path.substr(0, dot) : path;
 }
 
+// A save dialog opens in the folder of the name it offers, the name alone in its box.
+void OfferName(FileDialogRequest& request, const std::string& path) {
+  request.default_name = std::string(FileNamePart(path));
+  std::string folder(FolderPart(path));
+  if (folder.size() > 1) folder.pop_back();
+  request.start_directory = folder;
+}
+
 }  // namespace
 
 VideoConfiguration ReadVideoConfiguration(const std::optional<std::string>& bytes) {
@@ -304,8 +312,7 @@ void VideoSession::ExtractCurrentImage() {
   FileDialogRequest request;
   request.title = "Save Current Image";
   request.filter = kBmpFilter;
-  request.default_name = CurrentImageName();
-  request.start_directory = std::string(FolderPart(VideoPath));
+  OfferName(request, CurrentImageName());
   const std::string path = prompts_.SaveFile(request);
   if (!path.empty()) SavePicture(path);
 }
@@ -315,8 +322,7 @@ void VideoSession::ExtractImages(const std::function<bool(int, const std::string
   FileDialogRequest request;
   request.title = "Extract Images";
   request.filter = kBmpFilter;
-  request.default_name = WithoutExtension(VideoPath);
-  request.start_directory = std::string(FolderPart(VideoPath));
+  OfferName(request, WithoutExtension(VideoPath));
   const std::string path = prompts_.SaveFile(request);
   if (!path.empty()) ExtractImagesAs(path, each_row);
 }
