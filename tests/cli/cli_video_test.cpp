@@ -129,6 +129,21 @@ TEST_F(CliVideoTest, SavedFrameIsTheCroppedPictureAndAnEmptyOneIsBadUsage) {
   EXPECT_EQ(Video({"--row", "12"}).status, 2);
 }
 
+TEST_F(CliVideoTest, ExtractionNamesPicturesInFeetAndTheLogPrintsToPdf) {
+  Locate();
+  // 7.1 ft starts at row 10 (2.18 m); the extraction saves the rows after it up to the last kept.
+  const CliRun run = Video({"--feet", "--start-depth", "7.1", "--extract", "-o", files_.File("OUT.bmp")});
+  ASSERT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.out, "row,depth,seek,file\n11,2.2,5.0," + files_.File("OUT(007.218ft).bmp") + "\n");
+  EXPECT_TRUE(FileExists(files_.File("OUT(007.218ft).bmp")));
+
+  const std::string pdf = files_.File("log.pdf");
+  const CliRun report = Video({"--cover-sheet", "yes", "--columns", "1", "--report", "-o", pdf, "--to", "2.1"});
+  ASSERT_EQ(report.status, 0) << report.err;
+  EXPECT_EQ(report.out, "");
+  EXPECT_TRUE(ReadWholeFile(pdf).starts_with("%PDF"));
+}
+
 TEST_F(CliVideoTest, ABrokenTimeFileIsAnErrorWithNothingWritten) {
   Locate();
   time_ = Write("BROKEN.tim", "Optic Cone Time File.\r\n2.000 1190686996\r\n2.020\t1190686997\r\n");

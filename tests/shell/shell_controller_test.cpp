@@ -176,6 +176,18 @@ TEST_F(ShellTest, OtherModesSayTheyAreNotThereYet) {
   EXPECT_EQ(controller.View().checked_mode, ProcessingMode::kNone);
 }
 
+TEST_F(ShellTest, VideoModeEndsWhenFfmpegIsNotThere) {
+  t.prompts.Script({"Cancel"});
+  controller.ChooseMode(ProcessingMode::kVideo);
+  EXPECT_EQ(t.prompts.Texts(),
+            (std::vector<std::string>{"? FFMPEG directory has not been specified. If FFMPEG has been previously "
+                                      "installed, press OK to search for FFMPEG -> Cancel",
+                                      "! FFMPEG directory has not been set.  Cannot continue"}));
+  EXPECT_FALSE(controller.View().video_open);
+  EXPECT_EQ(controller.Video(), nullptr);
+  EXPECT_TRUE(controller.View().test_type_visible);
+}
+
 TEST_F(ShellTest, SeismicModeOpensTheLogWindowOnlyOnAFileThatWasRead) {
   t.prompts.Script({""});
   controller.ChooseMode(ProcessingMode::kSeismic);
