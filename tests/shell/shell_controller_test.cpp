@@ -169,9 +169,9 @@ TEST_F(ShellTest, DoneAsksAboutEachOpenWindowInTurn) {
 }
 
 TEST_F(ShellTest, OtherModesSayTheyAreNotThereYet) {
-  controller.ChooseMode(ProcessingMode::kVerification);
-  EXPECT_EQ(t.prompts.Log(),
-            std::vector<std::string>{"! Verification processing is not available in this version of Marlview yet."});
+  controller.ChooseMode(ProcessingMode::kSoundingsBatch);
+  EXPECT_EQ(t.prompts.Log(), std::vector<std::string>{
+                                 "! Processing several soundings at once is not available in this version of Marlview yet."});
   EXPECT_TRUE(controller.View().test_type_visible);
   EXPECT_EQ(controller.View().checked_mode, ProcessingMode::kNone);
 }
