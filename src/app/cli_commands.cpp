@@ -15,6 +15,7 @@
 #include "app/cli_seismic.h"
 #include "app/cli_settings.h"
 #include "app/cli_verification.h"
+#include "app/cli_video.h"
 #include "core/common/file_access.h"
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
@@ -58,7 +59,8 @@ constexpr const char* kUsage =
     "                    settings show | settings set KEY=VALUE...\n"
     "                    template save|select|delete NAME ... | template apply FILE [NAME]\n"
     "                    report FILE -o OUT.pdf [--pages plot|list|both] [--channel NAME]...\n"
-    "                    chart FILE (-o OUT.png|OUT.pdf [--width W --height H] | --points)\n";
+    "                    chart FILE (-o OUT.png|OUT.pdf [--width W --height H] | --points)\n"
+    "                    video VIDEO TIMEFILE [SETTING]... [POSITION] [ACTION]\n";
 
 struct Options : GlobalOptions {
   std::vector<std::string> positional;
@@ -118,16 +120,6 @@ Options Parse(const std::vector<std::string>& args) {
   return o;
 }
 
-
-std::string CsvField(const std::string& text) {
-  if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
-  std::string quoted = "\"";
-  for (char c : text) {
-    if (c == '"') quoted += '"';
-    quoted += c;
-  }
-  return quoted + "\"";
-}
 
 Json InfoJson(const SoundingStore& s) {
   Json info;
@@ -299,6 +291,7 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
   if (IsSubcommand(args, "template")) return RunTemplate(args, out, err, program_directory);
   if (IsSubcommand(args, "report")) return RunReport(args, out, err, program_directory);
   if (IsSubcommand(args, "chart")) return RunChart(args, out, err, program_directory);
+  if (IsSubcommand(args, "video")) return RunVideo(args, out, err, program_directory);
   Options options;
   try {
     options = Parse(args);

@@ -34,9 +34,10 @@ bool ParseGlobalOption(const std::string& a, const std::function<const std::stri
 bool GlobalOptionTakesValue(const std::string& a);
 // Whether the command line's subcommand, its first word that is no option, is name.
 bool IsSubcommand(const std::vector<std::string>& args, std::string_view name);
-
-// Text and pictures need a GUI application even without a window; the CLI runs it offscreen, and
-// only the subcommands that draw start it.
+// Starts the offscreen GUI application that drawing text and pictures needs, once; only the
+// subcommands that draw start it.
 void EnsureGuiApplication();
+// A field of a CSV line, quoted as RFC 4180 asks when it holds a comma, a quote or a line end.
+std::string CsvField(const std::string& text);
 
 }  // namespace marlview

@@ -98,7 +98,13 @@ void QtPainterSurface::SetFont(std::string_view name, double size_points, bool b
 }
 
 void QtPainterSurface::PaintPicture(const Picture& picture, double x, double y, double width, double height) {
-  const QImage image(ToQString(picture.path));
+  QImage image;
+  if (picture.image != nullptr && !picture.image->Empty()) {
+    const RgbImage& pixels = *picture.image;
+    image = QImage(pixels.rgb.data(), pixels.width, pixels.height, 3 * pixels.width, QImage::Format_RGB888);
+  } else {
+    image = QImage(ToQString(picture.path));
+  }
   if (image.isNull()) return;
   painter_.drawImage(QRectF(ToDevice(x, y), ToDevice(x + width, y + height)).normalized(), image);
 }

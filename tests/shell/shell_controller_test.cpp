@@ -169,11 +169,23 @@ TEST_F(ShellTest, DoneAsksAboutEachOpenWindowInTurn) {
 }
 
 TEST_F(ShellTest, OtherModesSayTheyAreNotThereYet) {
-  controller.ChooseMode(ProcessingMode::kVideo);
-  EXPECT_EQ(t.prompts.Log(),
-            std::vector<std::string>{"! Video cone processing is not available in this version of Marlview yet."});
+  controller.ChooseMode(ProcessingMode::kSoundingsBatch);
+  EXPECT_EQ(t.prompts.Log(), std::vector<std::string>{
+                                 "! Processing several soundings at once is not available in this version of Marlview yet."});
   EXPECT_TRUE(controller.View().test_type_visible);
   EXPECT_EQ(controller.View().checked_mode, ProcessingMode::kNone);
+}
+
+TEST_F(ShellTest, VideoModeEndsWhenFfmpegIsNotThere) {
+  t.prompts.Script({"Cancel"});
+  controller.ChooseMode(ProcessingMode::kVideo);
+  EXPECT_EQ(t.prompts.Texts(),
+            (std::vector<std::string>{"? FFMPEG directory has not been specified. If FFMPEG has been previously "
+                                      "installed, press OK to search for FFMPEG -> Cancel",
+                                      "! FFMPEG directory has not been set.  Cannot continue"}));
+  EXPECT_FALSE(controller.View().video_open);
+  EXPECT_EQ(controller.Video(), nullptr);
+  EXPECT_TRUE(controller.View().test_type_visible);
 }
 
 TEST_F(ShellTest, SeismicModeOpensTheLogWindowOnlyOnAFileThatWasRead) {

@@ -96,10 +96,10 @@ class Form1Test : public QObject {
     }
     QVERIFY(!Control<QAction>("mnuAddData")->isEnabled());
     // An option of a later version says so and stays unchecked.
-    ClickOption("optProcessVideo");
-    QVERIFY(!Control<QRadioButton>("optProcessVideo")->isChecked());
+    ClickOption("optProcessSoundingsBatch");
+    QVERIFY(!Control<QRadioButton>("optProcessSoundingsBatch")->isChecked());
     QVERIFY(OnOptions());
-    QCOMPARE(Log(), QStringList{"! Video cone processing is not available in this version of Marlview yet."});
+    QCOMPARE(Log(), QStringList{"! Processing several soundings at once is not available in this version of Marlview yet."});
   }
 
   void opensASoundingAndListsItsChannels() {

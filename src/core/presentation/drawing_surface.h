@@ -3,8 +3,11 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
+
+#include "core/presentation/rgb_image.h"
 
 namespace marlview {
 
@@ -18,9 +21,11 @@ inline constexpr Colour kWhite{255, 255, 255};
 inline constexpr Colour kRed{255, 0, 0};
 inline constexpr Colour kBlue{0, 0, 255};
 
-// A picture drawn on a surface, such as the company logo; the file is read by the surface.
+// A picture drawn on a surface: a file such as the company logo, read by the surface, or an image
+// already in memory, such as a video frame.
 struct Picture {
   std::string path;
+  std::shared_ptr<const RgbImage> image = nullptr;
 };
 
 struct PictureSize {

@@ -61,8 +61,8 @@ void ShellController::ChooseMode(ProcessingMode mode) {
         ProcessSeismic();
         return;
       case ProcessingMode::kVideo:
-        NotAvailable("Video cone processing");
-        break;
+        ProcessVideo();
+        return;
       case ProcessingMode::kVerification:
         ProcessVerification();
         return;
@@ -95,6 +95,19 @@ void ShellController::ProcessVerification() {
 }
 
 void ShellController::VerificationDone() { view_.verification_open = false; }
+
+// The option is unchecked at once; the video window opens only on a session whose files were read.
+void ShellController::ProcessVideo() {
+  view_.checked_mode = ProcessingMode::kNone;
+  if (view_.video_open) return;
+  auto video = std::make_unique<VideoSession>(session_, prompts_, *runner_);
+  if (!video->OpenVideoSession()) return;
+  video_ = std::move(video);
+  view_.video_open = true;
+}
+
+// The session outlives its window's last event; the next video session replaces it.
+void ShellController::VideoDone() { view_.video_open = false; }
 
 void ShellController::ProcessSounding() {
   view_.test_type_visible = false;

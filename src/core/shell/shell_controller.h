@@ -3,12 +3,15 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "core/common/user_prompts.h"
 #include "core/dissipation/dissipation_controller.h"
 #include "core/session/session.h"
+#include "core/video/process_runner.h"
+#include "core/video/video_session.h"
 
 namespace marlview {
 
@@ -35,6 +38,8 @@ struct ShellView {
   bool seismic_open = false;
   // A verification file is open in its window; likewise.
   bool verification_open = false;
+  // A video session is open in frmVideoProcessor; the processing options wait until it closes.
+  bool video_open = false;
 };
 
 class ShellController {
@@ -83,6 +88,12 @@ class ShellController {
   // The verification window's way back to the main window.
   void VerificationDone();
 
+  // The video session while video mode is on, and the video window's way back.
+  VideoSession* Video() { return video_.get(); }
+  void VideoDone();
+  // The programs the video session runs; tests answer them without ffmpeg.
+  void SetProcessRunner(ProcessRunner& runner) { runner_ = &runner; }
+
   // The dissipation mode's list and buttons.
   DissipationController& Dissipations() { return dissipation_; }
   // cmdDissipationDone: the list cleared and the mode choice shown again.
@@ -92,6 +103,7 @@ class ShellController {
   void ProcessSounding();
   void ProcessSeismic();
   void ProcessVerification();
+  void ProcessVideo();
   bool OpenSoundingFile();
   void PopulateChannelList();
   void BackToModeChoice();
@@ -107,6 +119,9 @@ class ShellController {
   std::vector<int> selected_;
   int sbt_chart_choice_ = 1;
   DissipationController dissipation_;
+  PosixProcessRunner posix_runner_;
+  ProcessRunner* runner_ = &posix_runner_;
+  std::unique_ptr<VideoSession> video_;
 };
 
 }  // namespace marlview

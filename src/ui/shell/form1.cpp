@@ -29,6 +29,7 @@
 #include "ui/settings/frm_print_settings.h"
 #include "ui/settings/settings_windows.h"
 #include "ui/verification/frm_verification.h"
+#include "ui/video/frm_video_processor.h"
 
 namespace marlview {
 namespace {
@@ -352,6 +353,19 @@ void Form1::ReturnFromVerification() {
   Refresh();
 }
 
+void Form1::OpenVideoWindow() {
+  video_window_ =
+      std::make_unique<FrmVideoProcessor>(*controller_.Video(), prompts_, [this] { ReturnFromVideo(); }, this);
+  video_window_->show();
+  video_window_->LoadForm();
+}
+
+void Form1::ReturnFromVideo() {
+  controller_.VideoDone();
+  if (video_window_ != nullptr) video_window_.release()->deleteLater();
+  Refresh();
+}
+
 void Form1::ReturnFromPlot() {
   ClosePlotWindow();
   Handle("mnuReturn_Click",
@@ -386,9 +400,10 @@ void Form1::Refresh() {
   modes_->setExclusive(true);
   mnuAddData->setEnabled(session_.SoundingOpen);
   frmDissipations->Refresh();
-  frmSelectTestType->setEnabled(!view.seismic_open && !view.verification_open);
+  frmSelectTestType->setEnabled(!view.seismic_open && !view.verification_open && !view.video_open);
   if (view.seismic_open && seismic_window_ == nullptr) OpenSeismicWindow();
   if (view.verification_open && verification_window_ == nullptr) OpenVerificationWindow();
+  if (view.video_open && video_window_ == nullptr && controller_.Video() != nullptr) OpenVideoWindow();
   mnuSingleTest->setChecked(session_.SoundingSelectionMode == 0);
   mnuMultipleTests->setChecked(session_.SoundingSelectionMode == 1);
 }

@@ -26,6 +26,7 @@ class FrmSoundingData;
 class FrmSoundingECPData;
 class Seisform;
 class FrmVerification;
+class FrmVideoProcessor;
 
 class Form1 : public QMainWindow {
   Q_OBJECT
@@ -46,6 +47,8 @@ class Form1 : public QMainWindow {
   // The seismic log window while seismic mode is on.
   Seisform* SeismicWindow() const { return seismic_window_.get(); }
   FrmVerification* VerificationWindow() const { return verification_window_.get(); }
+  // The video window while video mode is on.
+  FrmVideoProcessor* VideoWindow() const { return video_window_.get(); }
 
   QGroupBox* frmSelectTestType;
   QRadioButton* optProcessSounding;
@@ -109,6 +112,9 @@ class Form1 : public QMainWindow {
   void ReturnFromSeismic();
   void OpenVerificationWindow();
   void ReturnFromVerification();
+  void OpenVideoWindow();
+  // The video window's way back: closes it, and the processing options return.
+  void ReturnFromVideo();
   // The plot window's way back: closes it and runs the sounding's done flow.
   void ReturnFromPlot();
 
@@ -122,6 +128,7 @@ class Form1 : public QMainWindow {
   std::unique_ptr<FrmEdit> edit_window_;
   std::unique_ptr<Seisform> seismic_window_;
   std::unique_ptr<FrmVerification> verification_window_;
+  std::unique_ptr<FrmVideoProcessor> video_window_;
 };
 
 }  // namespace marlview
