@@ -12,6 +12,7 @@
 #include "app/cli_json.h"
 #include "app/cli_prompts.h"
 #include "app/cli_seismic.h"
+#include "app/cli_set.h"
 #include "app/cli_settings.h"
 #include "app/cli_verification.h"
 #include "core/common/file_access.h"
@@ -55,7 +56,8 @@ constexpr const char* kUsage =
     "                    verification FILE [--table | --chart [-o OUT.png] | --report -o OUT.pdf]\n"
     "                                 [--channel C | --all]\n"
     "                    settings show | settings set KEY=VALUE...\n"
-    "                    template save|select|delete NAME ... | template apply FILE [NAME]\n";
+    "                    template save|select|delete NAME ... | template apply FILE [NAME]\n"
+    "                    set FILE... (--list MODE ... | --plot MODE ... | --batch -o DIR ...)\n";
 
 struct Options : GlobalOptions {
   std::vector<std::string> positional;
@@ -294,6 +296,7 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
   if (IsSubcommand(args, "verification")) return RunVerification(args, out, err, program_directory);
   if (IsSubcommand(args, "settings")) return RunSettings(args, out, err, program_directory);
   if (IsSubcommand(args, "template")) return RunTemplate(args, out, err, program_directory);
+  if (IsSubcommand(args, "set")) return RunSet(args, out, err, program_directory);
   Options options;
   try {
     options = Parse(args);
