@@ -45,7 +45,7 @@ std::string FullText(const Session& session, const CombinedListOptions& o) {
   const int depth_column = SetDepthColumn(session);
   const float interval = session.set.CommonDepthInterval;
   std::vector<std::vector<int>> grid;
-  for (int slot : tests) grid.push_back(CommonGridRows(*session.set.tests[static_cast<size_t>(slot - 1)].store,
+  for (int slot : tests) grid.push_back(CommonGridRows(SetStore(session, slot),
                                                        interval, depth_column));
   std::string out;
   auto line = [&out](const std::string& text) { out += text + kLineEnd; };
@@ -59,10 +59,10 @@ std::string FullText(const Session& session, const CombinedListOptions& o) {
       line("");
     }
   }
-  const SoundingStore& first = *session.set.tests[static_cast<size_t>(tests.front() - 1)].store;
+  const SoundingStore& first = SetStore(session, tests.front());
   std::vector<Column> columns;
   for (size_t t = 0; t < tests.size(); ++t) {
-    const SoundingStore& s = *session.set.tests[static_cast<size_t>(tests[t] - 1)].store;
+    const SoundingStore& s = SetStore(session, tests[t]);
     for (const std::string& name : o.channels) {
       const int c = ChannelNamed(s, name);
       columns.push_back({&s, c, c != 0 ? &s : &first, c != 0 ? c : ChannelNamed(first, name), &grid[t]});
@@ -136,7 +136,7 @@ const char* CombinedExtension(CombinedForm form) {
 }
 
 std::vector<std::string> CombinedHeaderBlock(const Session& session, int slot, int k) {
-  const SoundingStore& s = *session.set.tests[static_cast<size_t>(slot - 1)].store;
+  const SoundingStore& s = SetStore(session, slot);
   std::vector<std::string> lines{"CPT DATA,TEST #" + std::to_string(k)};
   const bool px_das = s.AcquisitionFamily == kPxDasFamily;
   if (px_das) {

@@ -92,20 +92,30 @@ std::vector<int> SelectedTests(const Session& session) {
   return slots;
 }
 
-void ClearSet(Session& session) { session.set.tests.clear(); }
+void ClearSet(Session& session) {
+  session.set.tests.clear();
+  session.set.LentSlot = 0;
+}
 
 std::string TestName(const Session& session, int slot) {
-  return session.set.tests[static_cast<size_t>(slot - 1)].store->SoundingFileName;
+  return SetStore(session, slot).SoundingFileName;
+}
+
+const SoundingStore& SetStore(const Session& session, int slot) {
+  if (slot == session.set.LentSlot) return session.Sounding();
+  return *session.set.tests[static_cast<size_t>(slot - 1)].store;
 }
 
 CurrentTest::CurrentTest(Session& session, int slot) : session_(session), slot_(slot) {
   auto& store = session_.set.tests[static_cast<size_t>(slot_ - 1)].store;
   store = session_.ExchangeSounding(std::move(store));
+  session_.set.LentSlot = slot_;
 }
 
 CurrentTest::~CurrentTest() {
   auto& store = session_.set.tests[static_cast<size_t>(slot_ - 1)].store;
   store = session_.ExchangeSounding(std::move(store));
+  session_.set.LentSlot = 0;
 }
 
 int ChannelNamed(const SoundingStore& store, const std::string& name) {
@@ -118,7 +128,7 @@ int ChannelNamed(const SoundingStore& store, const std::string& name) {
 std::vector<std::string> SetChannelNames(const Session& session) {
   const std::vector<int> tests = SelectedTests(session);
   if (tests.empty()) return {};
-  const SoundingStore& first = *session.set.tests[static_cast<size_t>(tests.front() - 1)].store;
+  const SoundingStore& first = SetStore(session, tests.front());
   std::vector<std::string> names;
   for (int c : AvailableChannelList(first)) names.push_back(first.ChannelName[c]);
   return names;
@@ -163,7 +173,7 @@ bool CheckSetPlot(const Session& session, SetView view, const std::vector<std::s
     prompts.Tell("CANNOT PLOT MUNSELL (TEXT) DATA");
     return false;
   }
-  const SoundingStore& first = *session.set.tests[static_cast<size_t>(SelectedTests(session).front() - 1)].store;
+  const SoundingStore& first = SetStore(session, SelectedTests(session).front());
   int chart = 0;
   for (const std::string& name : channels) {
     const int of = ChartOf(first, ChannelNamed(first, name));

@@ -31,6 +31,8 @@ SetLoadOutcome LoadSetFiles(Session& session, UserPrompts& prompts, const std::v
 std::vector<int> SelectedTests(const Session& session);
 // cmdClearAll: the set emptied.
 void ClearSet(Session& session);
+// The store of a slot's test, wherever it is: in its slot, or lent to the session as current.
+const SoundingStore& SetStore(const Session& session, int slot);
 // The test's file name as the checkbox shows it.
 std::string TestName(const Session& session, int slot);
 

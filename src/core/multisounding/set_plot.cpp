@@ -15,7 +15,7 @@ namespace marlview {
 namespace {
 
 const SoundingStore& Store(const Session& session, int slot) {
-  return *session.set.tests[static_cast<size_t>(slot - 1)].store;
+  return SetStore(session, slot);
 }
 
 int ChartOf(const SoundingStore& s, int c) {

@@ -26,6 +26,9 @@ struct SoundingSet {
   float CommonDepthInterval = 0;
   // 1: one scale per channel over all tests; 0: each test its own.
   int16_t ScalingMode = 1;
+  // The slot whose store is lent to the session as its current sounding, 0 for none; while lent,
+  // the slot holds the session's own store in its place.
+  int LentSlot = 0;
 };
 
 }  // namespace marlview

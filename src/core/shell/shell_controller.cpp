@@ -50,8 +50,11 @@ void ShellController::ChooseMode(ProcessingMode mode) {
         ProcessSounding();
         return;
       case ProcessingMode::kSoundingsBatch:
-        NotAvailable("Processing several soundings at once");
-        break;
+        // The option is unchecked at once; the set's window takes over until its Return.
+        session_.SoundingSelectionMode = 1;
+        view_.checked_mode = ProcessingMode::kNone;
+        view_.plural_open = true;
+        return;
       case ProcessingMode::kDissipations:
         view_.checked_mode = mode;
         view_.test_type_visible = false;
@@ -95,6 +98,8 @@ void ShellController::ProcessVerification() {
 }
 
 void ShellController::VerificationDone() { view_.verification_open = false; }
+
+void ShellController::PluralDone() { view_.plural_open = false; }
 
 void ShellController::ProcessSounding() {
   view_.test_type_visible = false;

@@ -35,6 +35,8 @@ struct ShellView {
   bool seismic_open = false;
   // A verification file is open in its window; likewise.
   bool verification_open = false;
+  // The set of soundings is open in its window; likewise.
+  bool plural_open = false;
 };
 
 class ShellController {
@@ -82,6 +84,8 @@ class ShellController {
   void SeismicDone();
   // The verification window's way back to the main window.
   void VerificationDone();
+  // The set window's way back to the main window.
+  void PluralDone();
 
   // The dissipation mode's list and buttons.
   DissipationController& Dissipations() { return dissipation_; }

@@ -22,6 +22,7 @@ namespace marlview {
 class DissipationPanel;
 class Form4;
 class FrmEdit;
+class FrmPluralSoundings;
 class FrmSoundingData;
 class FrmSoundingECPData;
 class Seisform;
@@ -46,6 +47,8 @@ class Form1 : public QMainWindow {
   // The seismic log window while seismic mode is on.
   Seisform* SeismicWindow() const { return seismic_window_.get(); }
   FrmVerification* VerificationWindow() const { return verification_window_.get(); }
+  // The set of soundings' window while that mode is on.
+  FrmPluralSoundings* PluralWindow() const { return plural_window_.get(); }
 
   QGroupBox* frmSelectTestType;
   QRadioButton* optProcessSounding;
@@ -109,6 +112,8 @@ class Form1 : public QMainWindow {
   void ReturnFromSeismic();
   void OpenVerificationWindow();
   void ReturnFromVerification();
+  void OpenPluralWindow();
+  void ReturnFromPlural();
   // The plot window's way back: closes it and runs the sounding's done flow.
   void ReturnFromPlot();
 
@@ -122,6 +127,7 @@ class Form1 : public QMainWindow {
   std::unique_ptr<FrmEdit> edit_window_;
   std::unique_ptr<Seisform> seismic_window_;
   std::unique_ptr<FrmVerification> verification_window_;
+  std::unique_ptr<FrmPluralSoundings> plural_window_;
 };
 
 }  // namespace marlview
