@@ -32,6 +32,11 @@ double Value(const SoundingStore& s, int r, int c) {
   return static_cast<double>(s.AlignedReadings(r, KindColumn(c, kGraphOutput)));
 }
 
+// An axis label: whole numbers bare, others to two decimals at most.
+std::string AxisText(double value) {
+  return FormatNumber(value, std::floor(value) == value ? "##0" : "##0.0#");
+}
+
 struct Frame {
   double left, top, width, height;
 };
@@ -91,8 +96,8 @@ void DrawFrame(DrawingSurface& g, const Frame& f, const SetPlotLayout& layout, d
     g.Line(f.left, y, f.left + f.width, y, Colour{200, 200, 200});
   }
   g.SetFont("Arial", 6, false, false);
-  Label(g, f.left, f.top + f.height + 2, FormatNumber(min, "##0.##"));
-  const std::string high = FormatNumber(max, "##0.##");
+  Label(g, f.left, f.top + f.height + 2, AxisText(min));
+  const std::string high = AxisText(max);
   Label(g, f.left + f.width - g.TextWidth(high), f.top + f.height + 2, high);
 }
 
@@ -227,7 +232,7 @@ void DrawSetPlot(DrawingSurface& g, double width, double height, const SetPlotLa
   g.SetFont("Arial", 7, false, false);
   for (double d = layout.depth_min; d <= layout.depth_max + 1e-9; d += depth.step) {
     const double ty = top + (d - layout.depth_min) / depth_span * (bottom - top);
-    const std::string text = FormatNumber(d, "##0.##");
+    const std::string text = AxisText(d);
     Label(g, left - g.TextWidth(text) - 4, ty - g.TextHeight(text) / 2, text);
   }
   Label(g, width * 0.005, top - line * 2, layout.depth_label);
