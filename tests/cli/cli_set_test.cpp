@@ -132,5 +132,44 @@ TEST_F(CliSetTest, PlotLayoutShowsCommonAndIndividualScales) {
   EXPECT_EQ(ReadWholeFile(png).substr(1, 3), "PNG");
 }
 
+TEST_F(CliSetTest, ClassificationChannelsGoSideBySideOnlyWithTheirChartsFootnote) {
+  const std::string a = Dat("A.DAT", 20);
+  const std::string tip = ChannelName(a, 1);
+  CliRun run = Run({"set", a, "--channel", tip, "--channel", "SBT(QT)(1990)*", "--interval", "0.1", "--plot", "combined",
+                    "--layout"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err, "! CANNOT PLOT SBT(90) ON COMBINED PLOT\n");
+  run = Run({"set", a, "--channel", "SBT(QT)(1990)*", "--interval", "0.1", "--plot", "side-by-side", "--layout"});
+  ASSERT_EQ(run.status, 0) << run.err;
+  const auto layout = nlohmann::json::parse(run.out);
+  EXPECT_TRUE(layout["footnote"].get<std::string>().starts_with("*SBT/SPT CORRELATION: "));
+  EXPECT_TRUE(layout["footnote"].get<std::string>().ends_with("; **Overconsolidated or Cemented"));
+  EXPECT_EQ(layout["panels"][0]["tests"][0]["max"], 9.0);
+  EXPECT_EQ(layout["panels"][0]["tests"][0]["caption"], "TEST A.DAT");
+}
+
+TEST_F(CliSetTest, TheTextListPadsEachColumnToTheColumnWidthInFeet) {
+  const std::string a = Dat("A.DAT", 50);
+  const std::string b = Dat("B.DAT", 10);
+  const std::string out = files_.File("L.txt");
+  const CliRun run = Run({"--feet", "set", a, b, "--channel", ChannelName(a, 1), "--list", "combined", "--format", "txt",
+                          "-o", out, "--no-header", "--interval", "0.5"});
+  ASSERT_EQ(run.status, 0) << run.err;
+  const std::string text = ReadWholeFile(out);
+  std::vector<std::string> lines;
+  for (size_t start = 0; start < text.size();) {
+    const size_t end = text.find("\r\n", start);
+    lines.push_back(text.substr(start, end - start));
+    start = end + 2;
+  }
+  // 50 readings of 2 cm reach 3.28 ft: seven rows of half a foot.
+  ASSERT_EQ(lines.size(), 9u);
+  EXPECT_EQ(lines[1].substr(0, 8), "    (ft)");
+  EXPECT_EQ(lines[2].substr(0, 8), "   0.500");
+  for (const std::string& line : lines) EXPECT_EQ(line.size(), 8u + 2 * 21) << line;
+  // B ends at 0.66 ft: blanks in its column from 1.00 ft on.
+  EXPECT_EQ(lines[4].substr(29), std::string(21, ' '));
+}
+
 }  // namespace
 }  // namespace marlview::test
