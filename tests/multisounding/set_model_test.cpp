@@ -8,6 +8,7 @@
 #include "core/multisounding/batch_export.h"
 #include "core/multisounding/combined_list.h"
 #include "core/multisounding/set_model.h"
+#include "core/multisounding/set_plot.h"
 #include "core/presentation/sounding_exports.h"
 #include "core/presentation/sounding_list.h"
 #include "support/test_support.h"
@@ -90,6 +91,16 @@ TEST_F(SoundingSetTest, TestsOfDifferentIntervalsAndStartsShareOneGrid) {
   EXPECT_NE(lines[6].back(), ',');                       // and filled at 0.50
   EXPECT_EQ(lines[11].substr(0, 6), "1.000,");
   EXPECT_EQ(lines[11].back(), ',');                      // and empty past its end
+
+  // The plot's read-out below the short test's end shows "No Data" for it alone.
+  const SetPlotLayout layout = LayoutSetPlot(session(), SetView::kCombined, {name});
+  EXPECT_EQ(layout.legend[1].max_depth, GridDepth(0.1f, 6));
+  const auto readout = SetReadoutAt(layout, {0, 0, 100, 100}, session(), 90);
+  ASSERT_TRUE(readout.has_value());
+  EXPECT_EQ(readout->depth, "0.90");
+  EXPECT_NE(readout->values[0][0], "No Data");
+  EXPECT_EQ(readout->values[0][1], "No Data");
+  EXPECT_FALSE(SetReadoutAt(layout, {0, 0, 100, 100}, session(), 120).has_value());
 }
 
 TEST_F(SoundingSetTest, AChannelOneTestLacksLeavesItsCellsEmpty) {

@@ -65,6 +65,14 @@ class PluralSoundingsTest : public QObject, marlview::test::MainWindowTest {
     QVERIFY(window->PlotWindow() != nullptr);
     QCOMPARE(window->PlotWindow()->Layout().legend.size(), size_t{3});
     QVERIFY(!window->PlotWindow()->picPlot->grab().isNull());
+    // The read-out follows the cursor across the panels.
+    QVERIFY(QTest::qWaitForWindowExposed(window->PlotWindow()));
+    marlview::PlotPicture* picture = window->PlotWindow()->picPlot;
+    picture->repaint();
+    QTest::mouseMove(window->PlotWindow()->windowHandle(),
+                     picture->mapTo(window->PlotWindow(), QPoint(picture->width() / 2, picture->height() / 2)));
+    QTRY_VERIFY(!window->PlotWindow()->lblDepth->text().isEmpty());
+    QVERIFY(!window->PlotWindow()->lblChannelValue[0]->text().isEmpty());
 
     window->optSideBySideSelection->click();
     marlview::test::ClickRow(window->lstAvailableChannels, 0);

@@ -202,7 +202,8 @@ SetPlotLayout LayoutSetPlot(const Session& session, SetView view, const std::vec
   return layout;
 }
 
-void DrawSetPlot(DrawingSurface& g, double width, double height, const SetPlotLayout& layout, const Session& session) {
+SetPlotArea DrawSetPlot(DrawingSurface& g, double width, double height, const SetPlotLayout& layout,
+                        const Session& session) {
   g.SetScale(0, 0, width, height);
   g.Cls();
   g.SetFont("Arial", 12, true, false);
@@ -237,7 +238,8 @@ void DrawSetPlot(DrawingSurface& g, double width, double height, const SetPlotLa
   }
   Label(g, width * 0.005, top - line * 2, layout.depth_label);
   const size_t panels = layout.panels.size();
-  if (panels == 0) return;
+  const SetPlotArea drawn{left, top, right, bottom};
+  if (panels == 0) return drawn;
   const double gap = area * 0.015;
   const double panel_width = (area - gap * static_cast<double>(panels - 1)) / static_cast<double>(panels);
   for (size_t p = 0; p < panels; ++p) {
@@ -271,6 +273,30 @@ void DrawSetPlot(DrawingSurface& g, double width, double height, const SetPlotLa
     g.SetFont("Arial", 7, false, false);
     Label(g, left, height * 0.96, *layout.footnote);
   }
+  return drawn;
+}
+
+std::optional<SetReadout> SetReadoutAt(const SetPlotLayout& layout, const SetPlotArea& area, const Session& session,
+                                       double y) {
+  if (y < area.top || y > area.bottom || area.bottom <= area.top) return std::nullopt;
+  const float interval = session.set.CommonDepthInterval;
+  if (!(interval > 0)) return std::nullopt;
+  const double depth = layout.depth_min + (y - area.top) / (area.bottom - area.top) * (layout.depth_max - layout.depth_min);
+  const int j = static_cast<int>(std::lround(depth / interval));
+  SetReadout readout;
+  readout.depth = FormatNumber(depth, "##0.00");
+  for (const SetPlotPanel& panel : layout.panels) {
+    std::vector<std::string> values;
+    for (const SetPlotAxis& axis : panel.tests) {
+      const SoundingStore& s = Store(session, axis.slot);
+      const int c = ChannelNamed(s, panel.channel);
+      const std::vector<int> rows = CommonGridRows(s, interval, SetDepthColumn(session));
+      const int r = c != 0 && j >= 1 && j <= static_cast<int>(rows.size()) ? rows[static_cast<size_t>(j - 1)] : 0;
+      values.push_back(r == 0 ? std::string("No Data") : FormatNumber(Value(s, r, c), "##0.00"));
+    }
+    readout.values.push_back(std::move(values));
+  }
+  return readout;
 }
 
 std::vector<std::string> CoverSheetLines(const Session& session, int slot, int k) {

@@ -54,9 +54,23 @@ struct SetPlotLayout {
 
 // The layout of the ticked tests and the channels named, on the common grid.
 SetPlotLayout LayoutSetPlot(const Session& session, SetView view, const std::vector<std::string>& channels);
-// Draws the plot on surface, whose logical size is width x height.
-void DrawSetPlot(DrawingSurface& surface, double width, double height, const SetPlotLayout& layout,
-                 const Session& session);
+// Where the panels lie on the surface, top to bottom of the depth axis.
+struct SetPlotArea {
+  double left = 0, top = 0, right = 0, bottom = 0;
+};
+
+// Draws the plot on surface, whose logical size is width x height, and gives the panels' area.
+SetPlotArea DrawSetPlot(DrawingSurface& surface, double width, double height, const SetPlotLayout& layout,
+                        const Session& session);
+
+// The read-out at the height y of the plot: the depth, and per panel each test's value on the grid
+// row nearest that depth ("No Data" where the test has none); nothing outside the panels.
+struct SetReadout {
+  std::string depth;
+  std::vector<std::vector<std::string>> values;
+};
+std::optional<SetReadout> SetReadoutAt(const SetPlotLayout& layout, const SetPlotArea& area, const Session& session,
+                                       double y);
 // The plot printed: with cover sheets, one page per test headed "CPT DATA: TEST #k" first.
 void PrintSetPlot(PrintJob& job, const SetPlotLayout& layout, const Session& session, bool cover_sheets);
 // The lines of a test's cover sheet.

@@ -146,11 +146,37 @@ FrmSetPlot::FrmSetPlot(Session& session, UserPrompts& prompts, SetPlotLayout lay
   const bool combined = layout_.view == SetView::kCombined;
   setObjectName(combined ? "frmCombinedPlots" : "frmSideBySidePlots");
   setWindowTitle(ToQString(layout_.title));
-  picPlot = Named(new PlotPicture(this), "picPlot");
-  setCentralWidget(picPlot);
+  auto* central = new QWidget(this);
+  auto* rows = new QVBoxLayout(central);
+  picPlot = Named(new PlotPicture(central), "picPlot");
+  rows->addWidget(picPlot, 1);
+  auto* readout = new QHBoxLayout;
+  lblDepth = Named(new QLabel(central), "lblDepth");
+  readout->addWidget(lblDepth);
+  for (size_t i = 0; i < layout_.panels.size(); ++i) {
+    lblChannelValue.push_back(Named(new QLabel(central), "lblChannelValue"));
+    readout->addWidget(lblChannelValue.back(), 1);
+  }
+  rows->addLayout(readout);
+  setCentralWidget(central);
   picPlot->on_paint = [this] {
     WidgetSurface surface(picPlot);
-    RunGuarded(prompts_, "GraphData", [&] { DrawSetPlot(surface, picPlot->width(), picPlot->height(), layout_, session_); });
+    RunGuarded(prompts_, "GraphData",
+               [&] { area_ = DrawSetPlot(surface, picPlot->width(), picPlot->height(), layout_, session_); });
+  };
+  // The read-out follows the cursor down the panels: the depth, and each test's value in each panel.
+  picPlot->on_mouse_move = [this](QPointF at) {
+    RunGuarded(prompts_, "Form_MouseMove", [&] {
+      const auto values = SetReadoutAt(layout_, area_, session_, at.y());
+      lblDepth->setText(values ? ToQString(values->depth) : QString());
+      for (size_t i = 0; i < lblChannelValue.size(); ++i) {
+        QStringList texts;
+        if (values) {
+          for (const std::string& text : values->values[i]) texts << ToQString(text);
+        }
+        lblChannelValue[i]->setText(texts.join("  "));
+      }
+    });
   };
   QMenu* file = menuBar()->addMenu("&File");
   mnuPrintNoCoverSheet = NamedAction(file, "mnuPrintNoCoverSheet", "Print (No Cover Sheet)...");

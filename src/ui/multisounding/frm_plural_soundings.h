@@ -71,6 +71,8 @@ class FrmSetPlot : public QMainWindow {
   const SetPlotLayout& Layout() const { return layout_; }
 
   PlotPicture* picPlot;
+  QLabel* lblDepth;
+  std::vector<QLabel*> lblChannelValue;
   QAction* mnuPrintNoCoverSheet;
   QAction* mnuPrintWithCoverSheet;
   QAction* mnuReturn;
@@ -79,6 +81,7 @@ class FrmSetPlot : public QMainWindow {
   Session& session_;
   UserPrompts& prompts_;
   SetPlotLayout layout_;
+  SetPlotArea area_;
 };
 
 // frmCombinedSoundingData: the ticked tests on the common grid, with its exports and prints.
