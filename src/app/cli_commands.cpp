@@ -13,6 +13,7 @@
 #include "app/cli_prompts.h"
 #include "app/cli_report.h"
 #include "app/cli_seismic.h"
+#include "app/cli_set.h"
 #include "app/cli_settings.h"
 #include "app/cli_verification.h"
 #include "app/cli_video.h"
@@ -60,7 +61,8 @@ constexpr const char* kUsage =
     "                    template save|select|delete NAME ... | template apply FILE [NAME]\n"
     "                    report FILE -o OUT.pdf [--pages plot|list|both] [--channel NAME]...\n"
     "                    chart FILE (-o OUT.png|OUT.pdf [--width W --height H] | --points)\n"
-    "                    video VIDEO TIMEFILE [SETTING]... [POSITION] [ACTION]\n";
+    "                    video VIDEO TIMEFILE [SETTING]... [POSITION] [ACTION]\n"
+    "                    set FILE... (--list MODE ... | --plot MODE ... | --batch -o DIR ...)\n";
 
 struct Options : GlobalOptions {
   std::vector<std::string> positional;
@@ -292,6 +294,7 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
   if (IsSubcommand(args, "report")) return RunReport(args, out, err, program_directory);
   if (IsSubcommand(args, "chart")) return RunChart(args, out, err, program_directory);
   if (IsSubcommand(args, "video")) return RunVideo(args, out, err, program_directory);
+  if (IsSubcommand(args, "set")) return RunSet(args, out, err, program_directory);
   Options options;
   try {
     options = Parse(args);

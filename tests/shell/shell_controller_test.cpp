@@ -168,14 +168,6 @@ TEST_F(ShellTest, DoneAsksAboutEachOpenWindowInTurn) {
   EXPECT_TRUE(controller.View().available_rows.empty());
 }
 
-TEST_F(ShellTest, OtherModesSayTheyAreNotThereYet) {
-  controller.ChooseMode(ProcessingMode::kSoundingsBatch);
-  EXPECT_EQ(t.prompts.Log(), std::vector<std::string>{
-                                 "! Processing several soundings at once is not available in this version of Marlview yet."});
-  EXPECT_TRUE(controller.View().test_type_visible);
-  EXPECT_EQ(controller.View().checked_mode, ProcessingMode::kNone);
-}
-
 TEST_F(ShellTest, VideoModeEndsWhenFfmpegIsNotThere) {
   t.prompts.Script({"Cancel"});
   controller.ChooseMode(ProcessingMode::kVideo);

@@ -95,11 +95,7 @@ class Form1Test : public QObject {
       QVERIFY2(option->isVisible() && !option->isChecked(), name);
     }
     QVERIFY(!Control<QAction>("mnuAddData")->isEnabled());
-    // An option of a later version says so and stays unchecked.
-    ClickOption("optProcessSoundingsBatch");
-    QVERIFY(!Control<QRadioButton>("optProcessSoundingsBatch")->isChecked());
-    QVERIFY(OnOptions());
-    QCOMPARE(Log(), QStringList{"! Processing several soundings at once is not available in this version of Marlview yet."});
+    QVERIFY(Log().isEmpty());
   }
 
   void opensASoundingAndListsItsChannels() {

@@ -17,10 +17,6 @@ std::string_view AnswerName(Answer answer) {
   return "Cancel";
 }
 
-void TellNotAvailable(UserPrompts& prompts, std::string_view what) {
-  prompts.Tell(std::string(what) + " is not available in this version of Marlview yet.");
-}
-
 ScriptedPrompts::ScriptedPrompts(std::vector<std::string> answers) { Script(std::move(answers)); }
 
 void ScriptedPrompts::Script(std::vector<std::string> answers) {

@@ -38,8 +38,6 @@ class UserPrompts {
   virtual std::string SaveFile(const FileDialogRequest& request) = 0;
 };
 
-// Says plainly that a feature of a later version is not there yet.
-void TellNotAvailable(UserPrompts& prompts, std::string_view what);
 
 // Answers taken from a script in order; every text shown is recorded, so a test asserts the
 // exact messages and their order. A question without a scripted answer is a test error.

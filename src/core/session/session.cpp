@@ -55,6 +55,11 @@ void Session::CommitSounding() {
   slots_->RecordCatalogue(CurrentSlot, *sounding_);
 }
 
+std::unique_ptr<SoundingStore> Session::ExchangeSounding(std::unique_ptr<SoundingStore> store) {
+  std::swap(sounding_, store);
+  return store;
+}
+
 void Session::CommitDissipation() { std::swap(dissipation_, spare_dissipation_); }
 SeismicStore& Session::Seismic() {
   if (!seismic_) seismic_ = std::make_unique<SeismicStore>();

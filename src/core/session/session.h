@@ -14,6 +14,7 @@
 #include "core/session/chart_data.h"
 #include "core/session/dissipation_set.h"
 #include "core/session/seismic_store.h"
+#include "core/session/sounding_set.h"
 #include "core/session/verification_record.h"
 #include "core/settings/report_settings.h"
 #include "core/settings/settings_files.h"
@@ -65,6 +66,11 @@ class Session {
   void CommitSounding();
 
   SoundingSlots& Slots() { return *slots_; }
+  // Puts store in the current sounding's place and gives back the one that was there: a test of
+  // the set is made current, and put back, without copying its readings.
+  std::unique_ptr<SoundingStore> ExchangeSounding(std::unique_ptr<SoundingStore> store);
+  // The several-soundings mode's set.
+  SoundingSet set;
 
   DissipationSet& Dissipation() { return *dissipation_; }
   const DissipationSet& Dissipation() const { return *dissipation_; }

@@ -37,10 +37,6 @@ void ShellController::Guarded(const char* source, const std::function<void()>& e
   TellFailures(prompts_, source, event);
 }
 
-void ShellController::NotAvailable(const std::string& what) {
-  TellNotAvailable(prompts_, what);
-}
-
 void ShellController::ChooseMode(ProcessingMode mode) {
   Guarded("Form1", [&] {
     switch (mode) {
@@ -50,8 +46,11 @@ void ShellController::ChooseMode(ProcessingMode mode) {
         ProcessSounding();
         return;
       case ProcessingMode::kSoundingsBatch:
-        NotAvailable("Processing several soundings at once");
-        break;
+        // The option is unchecked at once; the set's window takes over until its Return.
+        session_.SoundingSelectionMode = 1;
+        view_.checked_mode = ProcessingMode::kNone;
+        view_.plural_open = true;
+        return;
       case ProcessingMode::kDissipations:
         view_.checked_mode = mode;
         view_.test_type_visible = false;
@@ -108,6 +107,8 @@ void ShellController::ProcessVideo() {
 
 // The session outlives its window's last event; the next video session replaces it.
 void ShellController::VideoDone() { view_.video_open = false; }
+
+void ShellController::PluralDone() { view_.plural_open = false; }
 
 void ShellController::ProcessSounding() {
   view_.test_type_visible = false;

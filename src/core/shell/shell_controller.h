@@ -40,6 +40,8 @@ struct ShellView {
   bool verification_open = false;
   // A video session is open in frmVideoProcessor; the processing options wait until it closes.
   bool video_open = false;
+  // The set of soundings is open in its window; likewise.
+  bool plural_open = false;
 };
 
 class ShellController {
@@ -81,12 +83,12 @@ class ShellController {
   void AddData();
   void SetSingleTest();
   void SetMultipleTests();
-  // Says plainly that a feature of a later version is not there yet.
-  void NotAvailable(const std::string& what);
   // The log window's way back to the main window.
   void SeismicDone();
   // The verification window's way back to the main window.
   void VerificationDone();
+  // The set window's way back to the main window.
+  void PluralDone();
 
   // The video session while video mode is on, and the video window's way back.
   VideoSession* Video() { return video_.get(); }

@@ -238,6 +238,22 @@ void Form4::UpdateControls() {
 
 void Form4::Repaint() { picPlot->update(); }
 
+void Form4::SetTestStepper(std::function<std::vector<int>(int step)> step) {
+  step_test_ = std::move(step);
+  cmdPreviousTest->show();
+  cmdNextTest->show();
+  const auto go = [this](int delta, const char* source) {
+    RunGuarded(prompts_, source, [&] {
+      const std::vector<int> channels = step_test_(delta);
+      if (channels.empty()) return;
+      SetupPlot(plot_, session_, channels, plot_.SbtChartChoice);
+      Repaint();
+    });
+  };
+  connect(cmdPreviousTest, &QPushButton::clicked, this, [go] { go(-1, "cmdPreviousTest_Click"); });
+  connect(cmdNextTest, &QPushButton::clicked, this, [go] { go(1, "cmdNextTest_Click"); });
+}
+
 void Form4::PaintPlot() {
   try {
     WidgetSurface surface(picPlot);

@@ -49,6 +49,9 @@ class Form4 : public QMainWindow {
   PlotState& Plot() { return plot_; }
   // What mnuEdit opens: the main window's editor of the sounding.
   void SetEditOpener(std::function<void()> open_editor) { open_editor_ = std::move(open_editor); }
+  // A set's plot steps through its tests: step(-1) or step(+1) makes the test before or after current
+  // and gives its channels to plot, none when there is no test that way. Shows the two buttons.
+  void SetTestStepper(std::function<std::vector<int>(int step)> step);
   // Draws the plot again, after a change to the sounding or the plot's state.
   void Repaint();
   // The report furniture or the logo changed: the plot is drawn again at once.
@@ -103,6 +106,7 @@ class Form4 : public QMainWindow {
   PlotState plot_;
   std::function<void()> on_return_;
   std::function<void()> open_editor_;
+  std::function<std::vector<int>(int)> step_test_;
   // Until the window is closed; a window closed and deleted later leaves the flag of the next one be.
   bool open_ = true;
   // A failure while painting is reported once, after the paint, never from inside it; again only

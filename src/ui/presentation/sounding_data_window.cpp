@@ -142,10 +142,6 @@ void FrmSoundingData::Handle(QAction* action, const char* source, std::function<
   });
 }
 
-void FrmSoundingData::NotAvailable(const char* what) {
-  TellNotAvailable(prompts_, what);
-}
-
 void FrmSoundingData::Connect() {
   Handle(mnuMeters, "mnuMeters_Click", [this] { view_.depth_unit = 1; }, true);
   Handle(mnuFeet, "mnuFeet_Click", [this] { view_.depth_unit = 2; }, true);

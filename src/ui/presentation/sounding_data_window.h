@@ -79,7 +79,6 @@ class FrmSoundingData : public QMainWindow {
   // Runs a handler through the guard; refill afterwards when asked.
   void Handle(QAction* action, const char* source, std::function<void()> handler, bool refill);
   void UpdateChecks();
-  void NotAvailable(const char* what);
 
   Session& session_;
   UserPrompts& prompts_;

@@ -19,6 +19,7 @@
 #include "ui/common/qt_prompts.h"
 #include "ui/dissipation/dissipation_panel.h"
 #include "ui/editing/frm_edit.h"
+#include "ui/multisounding/frm_plural_soundings.h"
 #include "ui/editing/parameter_dialogs_ui.h"
 #include "ui/presentation/ecp_window.h"
 #include "ui/presentation/form4.h"
@@ -366,6 +367,21 @@ void Form1::ReturnFromVideo() {
   Refresh();
 }
 
+void Form1::OpenPluralWindow() {
+  plural_window_ = std::make_unique<FrmPluralSoundings>(session_, prompts_, [this] { ReturnFromPlural(); }, this);
+  plural_window_->setWindowFlag(Qt::Window);
+  plural_window_->show();
+}
+
+void Form1::ReturnFromPlural() {
+  controller_.PluralDone();
+  if (plural_window_ != nullptr) {
+    plural_window_->hide();
+    plural_window_.release()->deleteLater();
+  }
+  Refresh();
+}
+
 void Form1::ReturnFromPlot() {
   ClosePlotWindow();
   Handle("mnuReturn_Click",
@@ -400,7 +416,9 @@ void Form1::Refresh() {
   modes_->setExclusive(true);
   mnuAddData->setEnabled(session_.SoundingOpen);
   frmDissipations->Refresh();
-  frmSelectTestType->setEnabled(!view.seismic_open && !view.verification_open && !view.video_open);
+  frmSelectTestType->setEnabled(!view.seismic_open && !view.verification_open && !view.video_open &&
+                                !view.plural_open);
+  if (view.plural_open && plural_window_ == nullptr) OpenPluralWindow();
   if (view.seismic_open && seismic_window_ == nullptr) OpenSeismicWindow();
   if (view.verification_open && verification_window_ == nullptr) OpenVerificationWindow();
   if (view.video_open && video_window_ == nullptr && controller_.Video() != nullptr) OpenVideoWindow();

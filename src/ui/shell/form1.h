@@ -22,6 +22,7 @@ namespace marlview {
 class DissipationPanel;
 class Form4;
 class FrmEdit;
+class FrmPluralSoundings;
 class FrmSoundingData;
 class FrmSoundingECPData;
 class Seisform;
@@ -49,6 +50,8 @@ class Form1 : public QMainWindow {
   FrmVerification* VerificationWindow() const { return verification_window_.get(); }
   // The video window while video mode is on.
   FrmVideoProcessor* VideoWindow() const { return video_window_.get(); }
+  // The set of soundings' window while that mode is on.
+  FrmPluralSoundings* PluralWindow() const { return plural_window_.get(); }
 
   QGroupBox* frmSelectTestType;
   QRadioButton* optProcessSounding;
@@ -115,6 +118,8 @@ class Form1 : public QMainWindow {
   void OpenVideoWindow();
   // The video window's way back: closes it, and the processing options return.
   void ReturnFromVideo();
+  void OpenPluralWindow();
+  void ReturnFromPlural();
   // The plot window's way back: closes it and runs the sounding's done flow.
   void ReturnFromPlot();
 
@@ -129,6 +134,7 @@ class Form1 : public QMainWindow {
   std::unique_ptr<Seisform> seismic_window_;
   std::unique_ptr<FrmVerification> verification_window_;
   std::unique_ptr<FrmVideoProcessor> video_window_;
+  std::unique_ptr<FrmPluralSoundings> plural_window_;
 };
 
 }  // namespace marlview

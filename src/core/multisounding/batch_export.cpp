@@ -1,0 +1,183 @@
+// The batch export over the set's ticked tests.
+#include "core/multisounding/batch_export.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <optional>
+#include <sstream>
+
+#include "core/common/file_access.h"
+#include "core/common/runtime_failure.h"
+#include "core/multisounding/set_model.h"
+#include "core/presentation/ecp_list.h"
+#include "core/presentation/sounding_exports.h"
+#include "core/presentation/sounding_list.h"
+#include "core/presentation/sounding_plot.h"
+#include "core/presentation/sounding_report.h"
+#include "core/session/session.h"
+
+namespace marlview {
+namespace {
+
+constexpr const char* kSettingsFile = "batch export settings.txt";
+
+enum class Step { kPlot, kList, kTxt, kCsv, kCor, kEcp, kGin };
+
+struct StepOf {
+  Step step;
+  const char* ending;
+};
+
+std::vector<StepOf> TickedSteps(const BatchSettings& b) {
+  std::vector<StepOf> steps;
+  if (b.PrintDepthPlots) steps.push_back({Step::kPlot, "-plot.pdf"});
+  if (b.PrintList) steps.push_back({Step::kList, "-list.pdf"});
+  if (b.ListTxt) steps.push_back({Step::kTxt, ".txt"});
+  if (b.ListCsv) steps.push_back({Step::kCsv, ".csv"});
+  if (b.ListCor) steps.push_back({Step::kCor, ".cor"});
+  if (b.ListEcp) steps.push_back({Step::kEcp, ".ecp"});
+  if (b.ListGin) steps.push_back({Step::kGin, ".gIN"});
+  return steps;
+}
+
+// The channels a test exports: the named ones it has, in order, or its default list.
+std::vector<int> TestChannels(const SoundingStore& s, const std::vector<std::string>& names) {
+  if (names.empty()) return DefaultListSelection(s);
+  std::vector<int> channels;
+  for (const std::string& name : names) {
+    if (const int c = ChannelNamed(s, name); c != 0) channels.push_back(c);
+  }
+  return channels;
+}
+
+// The file's bytes for an export step over the current sounding.
+std::string Render(const Session& session, const BatchSettings& b, Step step, const std::vector<int>& channels) {
+  ExportOptions o;
+  o.channels = channels;
+  o.depth_unit = session.DepthUnitIsMetric == 1 ? 1 : 2;
+  switch (step) {
+    case Step::kTxt:
+      o.include_header = b.IncludeHeaderTxt;
+      return TxtExport(session, o);
+    case Step::kCsv:
+      o.include_header = b.IncludeHeaderCsv;
+      return CsvExport(session, o, "csv");
+    case Step::kCor:
+      o.include_header = b.IncludeHeaderCor;
+      return CsvExport(session, o, "cor");
+    case Step::kEcp: {
+      EcpView view;
+      static constexpr int kEcpUnits[] = {kEcpPsi, kEcpTsf, kEcpMpa, kEcpKpa};
+      view.unit = kEcpUnits[std::clamp(b.EcpUnit, 1, 4) - 1];
+      view.selection = channels;
+      ChooseEcpColumns(session, view);
+      return EcpExport(session, view);
+    }
+    case Step::kGin: {
+      static constexpr GinUnit kGinUnits[] = {GinUnit::kPsi, GinUnit::kTsf, GinUnit::kMpa, GinUnit::kKpa};
+      return GinExport(session, kGinUnits[std::clamp(b.GinUnit, 1, 4) - 1]);
+    }
+    default:
+      return {};
+  }
+}
+
+}  // namespace
+
+BatchSettings ReadBatchSettings(const Session& session) {
+  BatchSettings b;
+  const auto bytes = TryReadWholeFile(session.SettingsPath(kSettingsFile));
+  if (!bytes) return b;
+  std::istringstream in(*bytes);
+  int words[13];
+  for (int& word : words) {
+    if (!(in >> word)) return b;
+  }
+  b = {words[0] != 0, words[1] != 0, words[2] != 0,  words[3] != 0, words[4] != 0,
+       words[5] != 0, words[6] != 0, words[7] != 0,  words[8] != 0, std::clamp(words[9], 1, 4),
+       words[10] != 0, std::clamp(words[11], 1, 4), words[12] != 0};
+  return b;
+}
+
+void WriteBatchSettings(const Session& session, const BatchSettings& b) {
+  const int words[] = {b.PrintDepthPlots, b.PrintList, b.ListTxt, b.IncludeHeaderTxt, b.ListCsv,
+                       b.IncludeHeaderCsv, b.ListCor, b.IncludeHeaderCor, b.ListEcp, b.EcpUnit,
+                       b.ListGin, b.GinUnit, b.AutoFilenaming};
+  std::string text;
+  for (int word : words) text += std::to_string(word) + "\r\n";
+  WriteFileAtomically(session.SettingsPath(kSettingsFile), text);
+}
+
+std::string BatchTarget(const std::string& directory, const std::string& sounding_path, const std::string& ending) {
+  const std::string stem = std::filesystem::path(sounding_path).stem().string();
+  return (std::filesystem::path(directory) / (stem + ending)).string();
+}
+
+BatchReport RunBatchExport(Session& session, UserPrompts& prompts, const BatchSettings& settings,
+                           const BatchRun& run) {
+  BatchReport report;
+  const std::vector<int> tests = SelectedTests(session);
+  const std::vector<StepOf> steps = TickedSteps(settings);
+  const int total = static_cast<int>(tests.size() * steps.size());
+  const int16_t depth_unit = session.DepthUnitIsMetric;
+  TellFailures(prompts, "cmdExportPrint_Click", [&] { std::filesystem::create_directories(run.directory); });
+  int done = 0;
+  for (const StepOf& step : steps) {
+    for (int slot : tests) {
+      if (run.progress && run.progress(done, total)) {
+        report.cancelled = true;
+        session.DepthUnitIsMetric = depth_unit;
+        return report;
+      }
+      ++done;
+      CurrentTest current(session, slot);
+      const SoundingStore& s = session.Sounding();
+      const std::string target = BatchTarget(run.directory, s.SoundingPath, step.ending);
+      const std::vector<int> channels = TestChannels(s, run.channels);
+      if (channels.empty() && step.step != Step::kGin) {
+        prompts.Tell("Select parameter(s) first !");
+        ++report.skipped;
+        continue;
+      }
+      if (FileExists(target) && prompts.Ask("File exists. Overwrite?", Buttons::kYesNo) != Answer::kYes) {
+        ++report.skipped;
+        continue;
+      }
+      bool ok = false;
+      const bool ran = TellFailures(prompts, "cmdExportPrint_Click", [&] {
+        if (step.step == Step::kPlot || step.step == Step::kList) {
+          ok = run.print && run.print(step.step == Step::kPlot ? BatchPrint::kPlot : BatchPrint::kList, channels, target);
+          if (!ok) Fail(kErrPathAccess, "mnuPrint");
+        } else {
+          WriteFileAtomically(target, Render(session, settings, step.step, channels));
+          ok = true;
+        }
+      });
+      if (ran && ok) {
+        ++report.written;
+      } else {
+        ++report.failed;
+      }
+    }
+  }
+  if (run.progress) run.progress(done, total);
+  session.DepthUnitIsMetric = depth_unit;
+  TellFailures(prompts, "cmdExportPrint_Click", [&] { WriteBatchSettings(session, settings); });
+  prompts.Tell("EXPORT/PRINT COMPLETE");
+  return report;
+}
+
+void PrintBatchPages(PrintJob& job, const Session& session, BatchPrint what, const std::vector<int>& channels) {
+  if (what == BatchPrint::kPlot) {
+    PlotState plot;
+    SetupPlot(plot, session, channels, 1);
+    PrintSounding(job, plot, session);
+    return;
+  }
+  ListView view;
+  view.channels = channels;
+  view.depth_unit = session.DepthUnitIsMetric == 1 ? 1 : 2;
+  PrintList(job, session, view);
+}
+
+}  // namespace marlview

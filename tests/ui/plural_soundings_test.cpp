@@ -1,0 +1,136 @@
+// PROCESS MULTIPLE SOUNDINGS offscreen: the demo set loaded through the load dialog, three tests
+// ticked, both plot modes drawn, a combined csv saved and a batch export run into a folder.
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QProgressBar>
+#include <filesystem>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QtTest>
+
+#include "core/common/file_access.h"
+#include "support/qt_test_support.h"
+#include "ui/multisounding/frm_plural_soundings.h"
+#include "ui/presentation/form4.h"
+
+using marlview::FrmBatchExport;
+using marlview::FrmLoadMultipleSoundings;
+using marlview::FrmPluralSoundings;
+
+class PluralSoundingsTest : public QObject, marlview::test::MainWindowTest {
+  Q_OBJECT
+
+ private slots:
+  void init() { QVERIFY(StartMainWindow()); }
+  void cleanup() { StopMainWindow(); }
+
+  void loadsTheDemoSetPlotsListsAndExports() {
+    marlview::test::ClickOption(form_->optProcessSoundingsBatch);
+    FrmPluralSoundings* window = form_->PluralWindow();
+    QVERIFY(window != nullptr);
+    QVERIFY(!form_->frmSelectTestType->isEnabled());
+
+    // The demo soundings of both families, chosen in the load dialog.
+    marlview::test::AnswerModal<FrmLoadMultipleSoundings>(this, [](FrmLoadMultipleSoundings* dialog) {
+      dialog->ShowFolder(QString::fromStdString(marlview::test::SamplesDirectory()));
+      for (int row = 0; row < dialog->File1->count(); ++row) {
+        if (!dialog->File1->item(row)->text().contains("D03")) dialog->File1->item(row)->setSelected(true);
+      }
+      QVERIFY(dialog->lblNumberOfSelectedTests->text().startsWith("NUMBER OF LOADED + CURRENTLY SELECTED TESTS: "));
+      QTest::mouseClick(dialog->cmdOK, Qt::LeftButton);
+    });
+    QTest::mouseClick(window->cmdLoadMultipleTests, Qt::LeftButton);
+    const size_t loaded = t_->session->set.tests.size();
+    QVERIFY2(loaded >= 5, qPrintable(marlview::test::LogOf(t_->prompts).join('\n')));
+    QVERIFY(window->chkSelectTest[loaded - 1]->isVisible());
+    QVERIFY(!window->chkSelectTest[loaded]->isVisible());
+
+    // Three tests ticked: every box cleared, then the first three.
+    QTest::mouseClick(window->cmdClearSelection, Qt::LeftButton);
+    for (int t = 0; t < 3; ++t) window->chkSelectTest[static_cast<size_t>(t)]->click();
+    QCOMPARE(marlview::SelectedTests(*t_->session), (std::vector<int>{1, 2, 3}));
+    marlview::test::ClickRow(window->lstAvailableChannels, 0);
+    marlview::test::ClickRow(window->lstAvailableChannels, 3);
+    QCOMPARE(window->lstSelectedChannels->count(), 2);
+    window->txtDepthInterval->setText("0.05");
+
+    window->optCombinedSelection->click();
+    QCOMPARE(window->lstSelectedChannels->count(), 0);
+    marlview::test::ClickRow(window->lstAvailableChannels, 0);
+    marlview::test::ClickRow(window->lstAvailableChannels, 3);
+    QTest::mouseClick(window->cmdPlotSounding, Qt::LeftButton);
+    QVERIFY(window->PlotWindow() != nullptr);
+    QCOMPARE(window->PlotWindow()->Layout().legend.size(), size_t{3});
+    QVERIFY(!window->PlotWindow()->picPlot->grab().isNull());
+    // The read-out follows the cursor across the panels.
+    QVERIFY(QTest::qWaitForWindowExposed(window->PlotWindow()));
+    marlview::PlotPicture* picture = window->PlotWindow()->picPlot;
+    picture->repaint();
+    QTest::mouseMove(window->PlotWindow()->windowHandle(),
+                     picture->mapTo(window->PlotWindow(), QPoint(picture->width() / 2, picture->height() / 2)));
+    QTRY_VERIFY(!window->PlotWindow()->lblDepth->text().isEmpty());
+    QVERIFY(!window->PlotWindow()->lblChannelValue[0]->text().isEmpty());
+
+    window->optSideBySideSelection->click();
+    marlview::test::ClickRow(window->lstAvailableChannels, 0);
+    QTest::mouseClick(window->cmdPlotSounding, Qt::LeftButton);
+    QCOMPARE(window->PlotWindow()->windowTitle(), QString("SIDE-BY-SIDE CHANNEL PLOT"));
+    QVERIFY(!window->PlotWindow()->picPlot->grab().isNull());
+
+    // Batch: the sounding plot window on the first ticked test, its buttons stepping through the set.
+    window->optBatchSelection->click();
+    marlview::test::ClickRow(window->lstAvailableChannels, 0);
+    QTest::mouseClick(window->cmdPlotSounding, Qt::LeftButton);
+    marlview::Form4* plot = window->BatchPlotWindow();
+    QVERIFY(plot != nullptr);
+    QVERIFY(plot->cmdNextTest->isVisible());
+    const std::string second = marlview::TestName(*t_->session, 2);
+    QTest::mouseClick(plot->cmdNextTest, Qt::LeftButton);
+    QCOMPARE(t_->session->Sounding().SoundingFileName, second);
+    QCOMPARE(marlview::TestName(*t_->session, 2), second);
+    QTest::mouseClick(plot->cmdPreviousTest, Qt::LeftButton);
+    QCOMPARE(t_->session->Sounding().SoundingFileName, marlview::TestName(*t_->session, 1));
+    window->optCombinedSelection->click();
+    marlview::test::ClickRow(window->lstAvailableChannels, 0);
+
+    // The combined list saved as csv with its header blocks.
+    QTest::mouseClick(window->cmdListSounding, Qt::LeftButton);
+    QVERIFY(window->ListWindow() != nullptr);
+    const std::string csv = t_->data.File("combined.csv");
+    t_->prompts.Script({csv});
+    window->ListWindow()->mnuExportCSVFileIncludeHeader->trigger();
+    QVERIFY(marlview::ReadWholeFile(csv).starts_with("CPT DATA,TEST #1\r\n"));
+
+    // A batch of csv files, one per ticked test, into a folder of their own.
+    const std::string folder = t_->data.File("batch");
+    marlview::test::AnswerModal<FrmBatchExport>(this, [folder](FrmBatchExport* dialog) {
+      for (QCheckBox* box : {dialog->chkPrintDepthPlots, dialog->chkPrintList, dialog->chkListTXT, dialog->chkListCOR,
+                             dialog->chkListECP, dialog->chkListgIN}) {
+        box->setChecked(false);
+      }
+      dialog->chkListCSV->setChecked(true);
+      dialog->txtExportFolder->setText(QString::fromStdString(folder));
+      QTest::mouseClick(dialog->cmdExportPrint, Qt::LeftButton);
+      QCOMPARE(dialog->prgExport->value(), 3);
+      QTest::mouseClick(dialog->cmdCancel, Qt::LeftButton);
+    });
+    QTest::mouseClick(window->cmdBatchExport, Qt::LeftButton);
+    QVERIFY(marlview::test::LogOf(t_->prompts).join('\n').contains("EXPORT/PRINT COMPLETE"));
+    int written = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) written += entry.path().extension() == ".csv";
+    QCOMPARE(written, 3);
+
+    // Return asks to close the open windows, then empties the set.
+    t_->prompts.Script({"Yes", "Yes"});
+    window->mnuReturn->trigger();
+    QTRY_VERIFY(form_->PluralWindow() == nullptr);
+    QVERIFY(t_->session->set.tests.empty());
+    QVERIFY(form_->frmSelectTestType->isEnabled());
+  }
+};
+
+QTEST_MAIN(PluralSoundingsTest)
+#include "plural_soundings_test.moc"
