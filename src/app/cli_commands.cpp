@@ -27,7 +27,6 @@
 #include "core/presentation/sounding_plot.h"
 #include "core/session/session.h"
 #include "core/shell/shell_controller.h"
-#include "core/shell/startup.h"
 #include "render/image_surface.h"
 #include "render/pdf_print_job.h"
 
@@ -347,14 +346,13 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
       throw UsageError("choose one of --kind, --mirror, --unaligned, --raw");
     }
   } catch (const UsageError& error) {
-    err << "marlview-cli: " << error.what() << '\n' << kUsage;
-    return 2;
+    return TellUsage(err, error, kUsage);
   }
 
   options.answers.file = options.positional[1];
   CliPrompts prompts(options.answers, err);
-  Session session({ResolveDataDirectory(options.data_dir), ResolveDefaultsDirectory(program_directory)});
-  RunStartup(session, prompts);
+  const std::unique_ptr<Session> started = StartCliSession(options, program_directory, prompts);
+  Session& session = *started;
   if (options.feet) session.DepthUnitIsMetric = 0;
   ShellController controller(session, prompts);
   if (options.positional[0] == "dissipation") {
@@ -364,8 +362,7 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
                             out);
     } catch (const UsageError& error) {
       // An editor operation that does not fit the file: nothing has been written.
-      err << "marlview-cli: " << error.what() << '\n' << kUsage;
-      return 2;
+      return TellUsage(err, error, kUsage);
     }
   }
   controller.ChooseMode(ProcessingMode::kSounding);

@@ -16,7 +16,6 @@
 #include "core/editing/parameter_dialogs.h"
 #include "core/session/session.h"
 #include "core/shell/shell_controller.h"
-#include "core/shell/startup.h"
 
 namespace marlview {
 namespace {
@@ -201,13 +200,12 @@ int RunEdit(const std::vector<std::string>& args, std::ostream& out, std::ostrea
   try {
     options = Parse(args);
   } catch (const UsageError& error) {
-    err << "marlview-cli: " << error.what() << '\n' << kEditUsage;
-    return 2;
+    return TellUsage(err, error, kEditUsage);
   }
   options.answers.file = options.file;
   CliPrompts prompts(options.answers, err);
-  Session session({ResolveDataDirectory(options.data_dir), ResolveDefaultsDirectory(program_directory)});
-  RunStartup(session, prompts);
+  const std::unique_ptr<Session> started = StartCliSession(options, program_directory, prompts);
+  Session& session = *started;
   if (options.feet) session.DepthUnitIsMetric = 0;
   ShellController controller(session, prompts);
   controller.ChooseMode(ProcessingMode::kSounding);
@@ -220,8 +218,7 @@ int RunEdit(const std::vector<std::string>& args, std::ostream& out, std::ostrea
     for (const EditOperation& op : options.operations) Apply(session, prompts, op, true);
     for (const EditOperation& op : options.operations) Apply(session, prompts, op, false);
   } catch (const UsageError& error) {
-    err << "marlview-cli: " << error.what() << '\n' << kEditUsage;
-    return 2;
+    return TellUsage(err, error, kEditUsage);
   } catch (const RuntimeFailure& failure) {
     prompts.Tell(GeneralErrorText(failure));
     return 1;

@@ -8,6 +8,8 @@
 
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
+#include "core/session/session.h"
+#include "core/shell/startup.h"
 
 namespace marlview {
 namespace {
@@ -89,6 +91,19 @@ std::string CsvField(const std::string& text) {
     quoted += c;
   }
   return quoted + "\"";
+}
+
+int TellUsage(std::ostream& err, const UsageError& error, std::string_view usage) {
+  err << "marlview-cli: " << error.what() << '\n' << usage;
+  return 2;
+}
+
+std::unique_ptr<Session> StartCliSession(const GlobalOptions& options, const std::string& program_directory,
+                                         UserPrompts& prompts) {
+  auto session = std::make_unique<Session>(
+      SessionPaths{ResolveDataDirectory(options.data_dir), ResolveDefaultsDirectory(program_directory)});
+  RunStartup(*session, prompts);
+  return session;
 }
 
 }  // namespace marlview

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <functional>
+#include <memory>
+#include <ostream>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -11,6 +13,9 @@
 #include "app/cli_prompts.h"
 
 namespace marlview {
+
+class Session;
+class UserPrompts;
 
 // Bad usage: the program ends with status 2 and the usage text.
 class UsageError : public std::runtime_error {
@@ -39,5 +44,13 @@ bool IsSubcommand(const std::vector<std::string>& args, std::string_view name);
 void EnsureGuiApplication();
 // A field of a CSV line, quoted as RFC 4180 asks when it holds a comma, a quote or a line end.
 std::string CsvField(const std::string& text);
+
+// Bad usage as every subcommand tells it: the reason, then its usage text. Gives the exit status 2.
+int TellUsage(std::ostream& err, const UsageError& error, std::string_view usage);
+
+// A subcommand's session on the data directory of the global options and the installed defaults,
+// started as the program starts.
+std::unique_ptr<Session> StartCliSession(const GlobalOptions& options, const std::string& program_directory,
+                                         UserPrompts& prompts);
 
 }  // namespace marlview

@@ -174,8 +174,7 @@ int RunReport(const std::vector<std::string>& args, std::ostream&, std::ostream&
   try {
     options = ParseReport(args);
   } catch (const UsageError& error) {
-    err << "marlview-cli: " << error.what() << '\n' << kReportUsage;
-    return 2;
+    return TellUsage(err, error, kReportUsage);
   }
   try {
     OpenedSounding opened(options, options.file, err, program_directory);
@@ -216,8 +215,7 @@ int RunChart(const std::vector<std::string>& args, std::ostream& out, std::ostre
   try {
     options = ParseChart(args);
   } catch (const UsageError& error) {
-    err << "marlview-cli: " << error.what() << '\n' << kChartUsage;
-    return 2;
+    return TellUsage(err, error, kChartUsage);
   }
   try {
     OpenedSounding opened(options, options.file, err, program_directory);

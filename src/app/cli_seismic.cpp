@@ -24,7 +24,6 @@
 #include "core/seismic/seismic_open.h"
 #include "core/seismic/seismic_writers.h"
 #include "core/session/session.h"
-#include "core/shell/startup.h"
 
 namespace marlview {
 namespace {
@@ -563,13 +562,12 @@ int RunSeismic(const std::vector<std::string>& args, std::ostream& out, std::ost
   try {
     options = Parse(args);
   } catch (const UsageError& error) {
-    err << "marlview-cli: " << error.what() << '\n' << kSeismicUsage;
-    return 2;
+    return TellUsage(err, error, kSeismicUsage);
   }
   options.answers.file = options.file;
   SeismicCliPrompts prompts(options.answers, err);
-  Session session({ResolveDataDirectory(options.data_dir), ResolveDefaultsDirectory(program_directory)});
-  RunStartup(session, prompts);
+  const std::unique_ptr<Session> started = StartCliSession(options, program_directory, prompts);
+  Session& session = *started;
   if (OpenSeismicPath(session, prompts, options.file) != SeismicOpenOutcome::kLoaded) return 1;
   OptionDialogs dialogs(options, err);
   SeismicController controller(session, prompts, dialogs);
@@ -579,8 +577,7 @@ int RunSeismic(const std::vector<std::string>& args, std::ostream& out, std::ost
     for (const Operation& op : options.operations) Apply(session, controller, prompts, options, op, true);
     for (const Operation& op : options.operations) Apply(session, controller, prompts, options, op, false);
   } catch (const UsageError& error) {
-    err << "marlview-cli: " << error.what() << '\n' << kSeismicUsage;
-    return 2;
+    return TellUsage(err, error, kSeismicUsage);
   } catch (const RuntimeFailure& failure) {
     prompts.Tell(GeneralErrorText(failure));
     return 1;

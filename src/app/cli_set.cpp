@@ -21,7 +21,6 @@
 #include "core/presentation/sounding_list.h"
 #include "core/presentation/sounding_plot.h"
 #include "core/session/session.h"
-#include "core/shell/startup.h"
 #include "render/image_surface.h"
 #include "render/pdf_print_job.h"
 
@@ -296,12 +295,11 @@ int RunSet(const std::vector<std::string>& args, std::ostream& out, std::ostream
   try {
     options = Parse(args);
   } catch (const UsageError& error) {
-    err << "marlview-cli: " << error.what() << '\n' << kSetUsage;
-    return 2;
+    return TellUsage(err, error, kSetUsage);
   }
   CliPrompts prompts(options.answers, err);
-  Session session({ResolveDataDirectory(options.data_dir), ResolveDefaultsDirectory(program_directory)});
-  RunStartup(session, prompts);
+  const std::unique_ptr<Session> started = StartCliSession(options, program_directory, prompts);
+  Session& session = *started;
   if (options.feet) session.DepthUnitIsMetric = 0;
   return Run(session, prompts, options, out, err);
 }

@@ -19,7 +19,6 @@
 #include "core/settings/templates.h"
 #include "core/shell/settings_dialogs.h"
 #include "core/shell/shell_controller.h"
-#include "core/shell/startup.h"
 
 namespace marlview {
 namespace {
@@ -302,9 +301,7 @@ Command ParseCommand(const std::vector<std::string>& args, bool template_options
 }
 
 std::unique_ptr<Session> StartSession(const Command& c, CliPrompts& prompts, const std::string& program_directory) {
-  auto session = std::make_unique<Session>(
-      SessionPaths{ResolveDataDirectory(c.globals.data_dir), ResolveDefaultsDirectory(program_directory)});
-  RunStartup(*session, prompts);
+  auto session = StartCliSession(c.globals, program_directory, prompts);
   prompts.ForgetErrors();
   if (c.globals.feet) session->DepthUnitIsMetric = 0;
   return session;
@@ -349,8 +346,7 @@ int RunSettings(const std::vector<std::string>& args, std::ostream& out, std::os
     if (c.words[1] == "show" && c.words.size() != 2) throw UsageError("settings show takes nothing more");
     if (c.words[1] == "set" && c.words.size() < 3) throw UsageError("settings set takes KEY=VALUE...");
   } catch (const UsageError& error) {
-    err << "marlview-cli: " << error.what() << '\n' << kSettingsUsage;
-    return 2;
+    return TellUsage(err, error, kSettingsUsage);
   }
   CliPrompts prompts(c.globals.answers, err);
   auto session = StartSession(c, prompts, program_directory);
@@ -358,8 +354,7 @@ int RunSettings(const std::vector<std::string>& args, std::ostream& out, std::os
   try {
     return Set(*session, prompts, {c.words.begin() + 2, c.words.end()});
   } catch (const UsageError& error) {
-    err << "marlview-cli: " << error.what() << '\n' << kSettingsUsage;
-    return 2;
+    return TellUsage(err, error, kSettingsUsage);
   }
 }
 
@@ -380,8 +375,7 @@ int RunTemplate(const std::vector<std::string>& args, std::ostream& out, std::os
     if (c.no_default && action != "select") throw UsageError("only select takes --no-default");
     if (action == "select" && c.set_default == c.no_default) throw UsageError("select takes --default or --no-default");
   } catch (const UsageError& error) {
-    err << "marlview-cli: " << error.what() << '\n' << kTemplateUsage;
-    return 2;
+    return TellUsage(err, error, kTemplateUsage);
   }
   const std::string& action = c.words[1];
   if (action == "apply") c.globals.answers.file = c.words[2];

@@ -11,7 +11,6 @@
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
 #include "core/session/session.h"
-#include "core/shell/startup.h"
 #include "core/verification/verification.h"
 #include "render/image_surface.h"
 #include "render/pdf_print_job.h"
@@ -165,12 +164,11 @@ int RunVerification(const std::vector<std::string>& args, std::ostream& out, std
   try {
     options = Parse(args);
   } catch (const UsageError& error) {
-    err << "marlview-cli: " << error.what() << '\n' << kVerificationUsage;
-    return 2;
+    return TellUsage(err, error, kVerificationUsage);
   }
   CliPrompts prompts(options.answers, err);
-  Session session({ResolveDataDirectory(options.data_dir), ResolveDefaultsDirectory(program_directory)});
-  RunStartup(session, prompts);
+  const std::unique_ptr<Session> started = StartCliSession(options, program_directory, prompts);
+  Session& session = *started;
   if (!OpenVerificationPath(session, prompts, options.file)) return 1;
   const VerificationRecord& r = session.Verification;
   const int channel = options.channel.value_or(1);

@@ -13,7 +13,6 @@
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
 #include "core/session/session.h"
-#include "core/shell/startup.h"
 #include "core/video/video_report.h"
 #include "core/video/video_session.h"
 #include "render/pdf_print_job.h"
@@ -355,12 +354,11 @@ int RunVideo(const std::vector<std::string>& args, std::ostream& out, std::ostre
   try {
     options = Parse(args);
   } catch (const UsageError& error) {
-    err << "marlview-cli: " << error.what() << '\n' << kVideoUsage;
-    return 2;
+    return TellUsage(err, error, kVideoUsage);
   }
   VideoCliPrompts prompts(options, err);
-  Session session({ResolveDataDirectory(options.data_dir), ResolveDefaultsDirectory(program_directory)});
-  RunStartup(session, prompts);
+  const std::unique_ptr<Session> started = StartCliSession(options, program_directory, prompts);
+  Session& session = *started;
   PosixProcessRunner runner;
   VideoSession video(session, prompts, runner);
   if (!video.OpenVideoSession()) return 1;
@@ -376,8 +374,7 @@ int RunVideo(const std::vector<std::string>& args, std::ostream& out, std::ostre
     if (options.save_config) video.SaveConfiguration();
     RunAction(video, options, out);
   } catch (const UsageError& error) {
-    err << "marlview-cli: " << error.what() << '\n' << kVideoUsage;
-    return 2;
+    return TellUsage(err, error, kVideoUsage);
   } catch (const RuntimeFailure& failure) {
     prompts.Tell(GeneralErrorText(failure));
     return 1;
