@@ -3,10 +3,10 @@
 #include "app/cli_video.h"
 
 #include <charconv>
-#include <nlohmann/json.hpp>
 #include <optional>
 
 #include "app/cli_globals.h"
+#include "app/cli_json.h"
 #include "app/cli_prompts.h"
 #include "core/common/file_access.h"
 #include "core/common/number_read.h"
@@ -19,8 +19,6 @@
 
 namespace marlview {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 constexpr const char* kVideoUsage =
     "usage: marlview-cli [global options] video VIDEO TIMEFILE [--ffmpeg PATH] [--ffprobe PATH]\n"
@@ -175,10 +173,6 @@ class VideoCliPrompts : public CliPrompts {
 // A failure the session has told: the command ends with status 1.
 struct Told {};
 
-Json FloatJson(float value) { return Json(std::stod(ShortestText(value))); }
-
-std::string FloatText(float value) { return ShortestText(value); }
-
 Json ViewJson(const VideoSession& v) {
   Json j;
   j["video"] = ToUtf8(v.VideoTitle);
@@ -299,7 +293,7 @@ void RunAction(VideoSession& video, const VideoOptions& o, std::ostream& out) {
       }
       std::string lines = "row,depth,seek,file\n";
       video.ExtractImagesAs(prefix, [&](int row, const std::string& file) {
-        lines += std::to_string(row) + ',' + FloatText(video.rows.VideoRowDepth[static_cast<size_t>(row)]) + ',' +
+        lines += std::to_string(row) + ',' + ShortestText(video.rows.VideoRowDepth[static_cast<size_t>(row)]) + ',' +
                  SeekText(video.rows.VideoRowTime[static_cast<size_t>(row)]) + ',' + CsvField(file) + '\n';
         return true;
       });
@@ -323,11 +317,11 @@ void RunAction(VideoSession& video, const VideoOptions& o, std::ostream& out) {
       for (int c : video.SelectedChannels) text += ',' + CsvField(ToUtf8(s.ChannelName[static_cast<size_t>(c)]));
       text += '\n';
       for (int row : rows) {
-        text += std::to_string(row) + ',' + FloatText(video.rows.VideoRowDepth[static_cast<size_t>(row)]) + ',' +
+        text += std::to_string(row) + ',' + ShortestText(video.rows.VideoRowDepth[static_cast<size_t>(row)]) + ',' +
                 SeekText(video.rows.VideoRowTime[static_cast<size_t>(row)]);
         for (int c : video.SelectedChannels) {
           const auto value = video.ChannelValue(row, c);
-          text += ',' + (value ? FloatText(*value) : std::string("N/A"));
+          text += ',' + (value ? ShortestText(*value) : std::string("N/A"));
         }
         text += '\n';
       }

@@ -31,11 +31,6 @@ constexpr double kLogoWidthInches = 1.2;
 constexpr double kLogoHeightInches = 0.6;
 constexpr double kUnitsPerInch = 1440;
 
-// An axis label: whole numbers without a decimal point.
-std::string AxisLabel(double value) {
-  return FormatNumber(value, std::fabs(value - std::round(value)) < 1e-9 ? "###0" : "####0.0#");
-}
-
 Colour TestColour(int test) { return kTestColours[static_cast<size_t>(test - 1) % std::size(kTestColours)]; }
 
 // The whole of a row's drawing position; nothing when a manual scale drops it.

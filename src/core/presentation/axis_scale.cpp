@@ -3,6 +3,8 @@
 
 #include <cmath>
 
+#include "core/common/number_format.h"
+
 namespace marlview {
 namespace {
 
@@ -76,6 +78,10 @@ void SetAxisScale(float& max, float& min, float& step, int16_t& major_count, int
     minor_count = 10;
   }
   major_count = static_cast<int16_t>(std::lround((max - min) / step));
+}
+
+std::string AxisLabel(double value) {
+  return FormatNumber(value, std::fabs(value - std::round(value)) < 1e-9 ? "###0" : "####0.0#");
 }
 
 }  // namespace marlview

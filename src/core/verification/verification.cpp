@@ -60,11 +60,6 @@ void ReadChannel(LineCursor& lines, VerificationChannel& ch) {
   }
 }
 
-// Whole numbers without a decimal point, as the dissipation plot labels its axes.
-std::string AxisLabel(double value) {
-  return FormatNumber(value, std::fabs(value - std::round(value)) < 1e-9 ? "###0" : "####0.0#");
-}
-
 VerificationAxis ScaledAxis(float least, float greatest) {
   VerificationAxis axis{least, greatest};
   SetAxisScale(axis.max, axis.min, axis.step, axis.major, axis.minor);
