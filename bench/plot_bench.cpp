@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "bench_soundings.h"
 #include "core/io/dat_reader.h"
 #include "core/presentation/sounding_plot.h"
 #include "render/image_surface.h"
@@ -18,18 +19,8 @@ namespace {
 // A 100 m sounding of 10000 readings with the six most plotted channels.
 struct PlotFixture {
   PlotFixture() {
-    test::DatFile file = test::SimpleDat(0);
-    for (int r = 1; r <= kMaxReadings; ++r) {
-      const double depth = 0.01 * r;
-      file.rows.push_back({depth, 0.5 + 0.4 * std::sin(depth * 3), 0.004 + 0.002 * std::cos(depth * 7),
-                           0.1 + 0.05 * std::sin(depth * 11)});
-    }
-    test::OpenSounding(t, file);
-    const SoundingStore& s = t.session->Sounding();
-    SetupPlot(plot, *t.session,
-              {s.TipChannel, s.SleeveChannel, s.PorePressureChannel, s.FrictionRatioQtChannel, s.Sbt90QtChannel,
-               s.SptChannel},
-              3);
+    test::OpenSounding(t, bench::LongSounding());
+    SetupPlot(plot, *t.session, bench::SixChannels(t.session->Sounding()), 3);
   }
   test::TestSession t;
   PlotState plot;

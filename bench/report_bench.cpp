@@ -3,9 +3,9 @@
 #include <benchmark/benchmark.h>
 
 #include <QGuiApplication>
-#include <cmath>
 #include <filesystem>
 
+#include "bench_soundings.h"
 #include "core/io/dat_reader.h"
 #include "core/presentation/sounding_list.h"
 #include "core/presentation/sounding_plot.h"
@@ -19,16 +19,8 @@ namespace {
 // A 100 m sounding of 10000 readings, plotted and listed on the six most printed channels.
 struct ReportFixture {
   ReportFixture() {
-    test::DatFile file = test::SimpleDat(0);
-    for (int r = 1; r <= kMaxReadings; ++r) {
-      const double depth = 0.01 * r;
-      file.rows.push_back({depth, 0.5 + 0.4 * std::sin(depth * 3), 0.004 + 0.002 * std::cos(depth * 7),
-                           0.1 + 0.05 * std::sin(depth * 11)});
-    }
-    test::OpenSounding(t, file);
-    const SoundingStore& s = t.session->Sounding();
-    const std::vector<int> channels = {s.TipChannel,           s.SleeveChannel,  s.PorePressureChannel,
-                                       s.FrictionRatioQtChannel, s.Sbt90QtChannel, s.SptChannel};
+    test::OpenSounding(t, bench::LongSounding());
+    const std::vector<int> channels = bench::SixChannels(t.session->Sounding());
     SetupPlot(plot, *t.session, channels, 3);
     view.channels = channels;
   }
