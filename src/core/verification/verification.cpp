@@ -122,6 +122,15 @@ std::array<VerificationTableRow, kMaxVerificationRows> VerificationTable(const V
   return table;
 }
 
+VerificationReference ReferenceBlock(const VerificationRecord& r, int channel) {
+  const bool cell = channel == 1;
+  return {cell ? "VERIFICATION LOAD CELL" : "VERIFICATION PRESSURE TRANSDUCER",
+          {"MANUFACTURER: " + (cell ? r.CellManufacturer : r.TransducerManufacturer),
+           "SERIAL NUMBER: " + (cell ? r.CellSerialNumber : r.TransducerSerialNumber),
+           "CAPACITY: " + (cell ? r.CellCapacity : r.TransducerCapacity),
+           "SENSITIVITY: " + (cell ? r.CellSensitivity : r.TransducerSensitivity)}};
+}
+
 VerificationAxes VerificationChartAxes(const VerificationChannel& ch) {
   if (ch.RowCount <= 0) return {ScaledAxis(0, 0), ScaledAxis(0, 0)};
   const auto first = ch.RowApplied.begin() + 1, applied_end = first + ch.RowCount;
@@ -208,14 +217,11 @@ void PrintVerification(PrintJob& job, const VerificationRecord& r, int first_cha
     line(margin, "DATE: " + r.TestDate);
     line(margin, "OPERATOR: " + r.OperatorName);
     y += 6;
-    const bool cell = c == 1;
+    const VerificationReference reference = ReferenceBlock(r, c);
     g.SetFont("Arial", 10, true, false);
-    line(margin, cell ? "VERIFICATION LOAD CELL" : "VERIFICATION PRESSURE TRANSDUCER");
+    line(margin, reference.title);
     g.SetFont("Arial", 10, false, false);
-    line(margin, "MANUFACTURER: " + (cell ? r.CellManufacturer : r.TransducerManufacturer));
-    line(margin, "SERIAL NUMBER: " + (cell ? r.CellSerialNumber : r.TransducerSerialNumber));
-    line(margin, "CAPACITY: " + (cell ? r.CellCapacity : r.TransducerCapacity));
-    line(margin, "SENSITIVITY: " + (cell ? r.CellSensitivity : r.TransducerSensitivity));
+    for (const std::string& text : reference.lines) line(margin, text);
     y += 10;
 
     // The table: three right-aligned columns under their heads.

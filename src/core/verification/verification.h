@@ -32,6 +32,14 @@ struct VerificationTableRow {
 };
 std::array<VerificationTableRow, kMaxVerificationRows> VerificationTable(const VerificationChannel& channel);
 
+// The reference block above a channel's table: the load cell for channel 1, the pressure
+// transducer for the others, with their manufacturer, serial number, capacity and sensitivity lines.
+struct VerificationReference {
+  std::string title;
+  std::array<std::string, 4> lines;
+};
+VerificationReference ReferenceBlock(const VerificationRecord& record, int channel);
+
 // One axis of the graph, from the dissipation plot's scale rule.
 struct VerificationAxis {
   float min = 0, max = 0, step = 0;

@@ -185,13 +185,10 @@ void FrmVerification::ShowChannel() {
   const VerificationRecord& r = session_.Verification;
   const VerificationChannel& ch = r.Channel[static_cast<size_t>(channel_)];
   lblChannel->setText(ToQString("CHANNEL " + std::to_string(channel_) + ": " + ch.ChannelTitle));
-  const bool cell = channel_ == 1;
-  findChild<QGroupBox*>("fraReference")
-      ->setTitle(cell ? "VERIFICATION LOAD CELL" : "VERIFICATION PRESSURE TRANSDUCER");
-  lblManufacturer->setText(ToQString("MANUFACTURER: " + (cell ? r.CellManufacturer : r.TransducerManufacturer)));
-  lblSerialNumber->setText(ToQString("SERIAL NUMBER: " + (cell ? r.CellSerialNumber : r.TransducerSerialNumber)));
-  lblCapacity->setText(ToQString("CAPACITY: " + (cell ? r.CellCapacity : r.TransducerCapacity)));
-  lblSensitivity->setText(ToQString("SENSITIVITY: " + (cell ? r.CellSensitivity : r.TransducerSensitivity)));
+  const VerificationReference reference = ReferenceBlock(r, channel_);
+  findChild<QGroupBox*>("fraReference")->setTitle(ToQString(reference.title));
+  QLabel* const lines[] = {lblManufacturer, lblSerialNumber, lblCapacity, lblSensitivity};
+  for (size_t i = 0; i < reference.lines.size(); ++i) lines[i]->setText(ToQString(reference.lines[i]));
   lblUnits1->setText(ToQString("(" + ch.ChannelUnits + ")"));
   lblUnits2->setText(ToQString("(" + ch.ChannelUnits + ")"));
   const auto rows = VerificationTable(ch);
