@@ -103,7 +103,8 @@ SoundingStore::SoundingStore()
       MunsellChips(kMaxReadings),
       RowTail(kMaxReadings),
       HydrostaticPressure(kMaxReadings, kOutputKinds - 1),
-      LastSbt83Zone(kMaxReadings) {}
+      LastSbt83Zone(kMaxReadings),
+      MissingReading(kMaxReadings, kMaxChannels) {}
 
 void SoundingStore::ClearReadingTables() {
   DepthTable.Clear();
@@ -119,6 +120,7 @@ void SoundingStore::ClearReadingTables() {
   RowTail.Clear();
   HydrostaticPressure.Clear();
   LastSbt83Zone.Clear();
+  MissingReading.Clear();
 }
 
 size_t SoundingStore::ReadingBytesHeld() const {
@@ -127,7 +129,7 @@ size_t SoundingStore::ReadingBytesHeld() const {
                   HydrostaticPressure.CellsHeld() + PushSpeed.CellsHeld() + LastSbt83Zone.CellsHeld();
   for (const auto& table : FixedPressureReadings) floats += table.CellsHeld();
   for (const auto& table : AlignedFixedPressure) floats += table.CellsHeld();
-  return floats * sizeof(float) + (MunsellChips.CellsHeld() + RowTail.CellsHeld()) * sizeof(std::string);
+  return floats * sizeof(float) + MissingReading.CellsHeld() + (MunsellChips.CellsHeld() + RowTail.CellsHeld()) * sizeof(std::string);
 }
 
 void SoundingStore::ResetSounding() {

@@ -34,6 +34,8 @@ enum AcquisitionFamilyCode : int16_t {
   kPxDasFamily = 0,
   kKorvanDatFamily = 1,
   kPlainDatFamily = 2,
+  // A GEF exchange file: read only, pressures in kPa, and a reading may be missing.
+  kGefFamily = 3,
 };
 
 using PerKind = std::array<std::string, kOutputKinds>;
@@ -184,6 +186,11 @@ class SoundingStore : public SoundingScalars,
   ColumnTable<float> HydrostaticPressure;
   // The 1983 zone of each reading, for the classification chart.
   ReadingList<float> LastSbt83Zone;
+  // [r][c], 1 where channel c has no reading at row r (a GEF void). Such a cell holds 0 in every
+  // kind and mirror, and every view shows it empty. The classic families never set it, so for
+  // them the table holds no memory and reads 0 throughout.
+  ColumnTable<uint8_t> MissingReading;
+  bool IsMissing(int row, int channel) const { return MissingReading(row, channel) != 0; }
 
   // Empties the sounding: family -1, no header text, zero counts and scalars, every channel enabled
   // with curve style -1, no roles, and the reading tables emptied.

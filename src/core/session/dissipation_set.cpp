@@ -39,6 +39,8 @@ void DissipationSet::Reset() {
   }
   TestDepth.fill(0);
   RowCount.fill(0);
+  LastConsolidation.fill(ConsolidationResult{});
+  Release(ParentFile);
   MaxPressure.fill(0);
   HydrostaticPressure.fill(0);
   DissipationCount = 0;

@@ -28,6 +28,18 @@ enum DissipationFileKind : int16_t {
   kPxDasDissipation = 0,
   kFieldboxDissipation = 1,
   kFldacqDissipation = 2,
+  // A GEF DISS report: one test, pressures in kPa, read only.
+  kGefDissipation = 3,
+};
+
+// The last T50 and ch worked out for a test, kept for the AGS export; Has* false until one is.
+struct ConsolidationResult {
+  bool HasT50 = false;
+  bool HasCh = false;
+  float U0 = 0, U100 = 0, T50 = 0;
+  // m2/s, with the rigidity index it was worked out for.
+  double Ch = 0;
+  float RigidityIndex = 0;
 };
 
 struct DissipationSet {
@@ -86,6 +98,10 @@ struct DissipationSet {
   // PX DAS header.
   std::string Customer, OperatorName, ConeId, PxLocation, JobNumber, HoleNumber, TestDateText;
   std::string Comment1, Comment2, Comment3;
+
+  // GEF: field 1 of #PARENT, the sounding the test was made in; empty for the other kinds.
+  std::string ParentFile;
+  std::array<ConsolidationResult, kMaxDissipations + 1> LastConsolidation{};
 
   // The file, as the open dialog gave it.
   std::string DissipationPath;

@@ -53,6 +53,10 @@ void SeismicStore::Reset() {
   DelayTime.Fill(0);
   ReferenceTest.Fill(0);
   IntervalVelocity.Fill(0);
+  XcorrVelocity.Fill(0);
+  XcorrLagSamples.Fill(0);
+  XcorrCoefficient.Fill(0);
+  XcorrComputed = false;
   HammerDistance = 0;
   AskHammerDistance = 1;
   PathDifference = 0;

@@ -110,6 +110,10 @@ class SeismicStore {
   Bounded<float, kMaxSeismicTests> DelayTime;
   Bounded<int16_t, kMaxSeismicTests + 1> ReferenceTest;
   Bounded<float, kMaxSeismicTests> IntervalVelocity;
+  // True-interval velocity by cross-correlation with the test above, m/s (0 where none), with its
+  // refined lag in samples and the correlation coefficient; filled only when asked for.
+  Bounded<float, kMaxSeismicTests> XcorrVelocity, XcorrLagSamples, XcorrCoefficient;
+  bool XcorrComputed = false;
   float HammerDistance = 0;
   int16_t AskHammerDistance = 1;
   float PathDifference = 0;
