@@ -10,6 +10,7 @@
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
+#include "core/dissipation/consolidation.h"
 #include "core/dissipation/dissipation_editor.h"
 #include "core/dissipation/dissipation_list.h"
 #include "core/dissipation/dissipation_plot.h"
@@ -71,12 +72,38 @@ Json InfoJson(const Session& session) {
   return info;
 }
 
-int RunT50(const Session& session, const DissipationOptions& options, std::ostream& out) {
+int RunT50(Session& session, const DissipationOptions& options, std::ostream& out) {
   const float u0 = static_cast<float>(*options.u0), u100 = static_cast<float>(*options.u100);
   const float u50 = u0 + (u100 - u0) * 0.5f;
   const std::optional<float> t50 = FindT50(session.Dissipation(), options.tests.front(), u50);
+  if (t50) RecordT50(session.Dissipation(), options.tests.front(), u0, u100, *t50);
   out << "U50: " << ShortestText(u50) << '\n';
   out << "T50: " << (t50 ? ShortestText(*t50) : std::string("none")) << '\n';
+  return 0;
+}
+
+// The ch lines: a value the computation could not reach is "none".
+int RunCh(Session& session, CliPrompts& prompts, const DissipationOptions& options, std::ostream& out) {
+  ChRequest request;
+  request.Test = options.tests.front();
+  request.U0 = static_cast<float>(options.u0.value_or(0));
+  request.U100 = static_cast<float>(*options.u100);
+  request.RootTime = options.root_time;
+  request.Inputs.RigidityIndex = options.rigidity_index.value_or(request.Inputs.RigidityIndex);
+  request.Inputs.ConeAreaCm2 = options.cone_area.value_or(request.Inputs.ConeAreaCm2);
+  request.Inputs.Filter = options.filter == "u1" ? kFilterU1 : kFilterU2;
+  // The frame's own checks, so the command line refuses what the window refuses.
+  if (!CheckChInputs(request.Inputs, prompts)) return 1;
+  const ChResult r = ComputeCh(session.Dissipation(), request, prompts);
+  auto text = [](const std::optional<float>& value) { return value ? ShortestText(*value) : std::string("none"); };
+  auto wide = [](const std::optional<double>& value) { return value ? ShortestText(*value) : std::string("none"); };
+  out << "U0: " << ShortestText(r.U0) << '\n';
+  out << "U100: " << ShortestText(r.U100) << '\n';
+  out << "U50: " << text(r.U50) << '\n';
+  out << "T50: " << text(r.T50) << '\n';
+  out << "Ui: " << text(r.Ui) << '\n';
+  out << "ch: " << wide(r.Ch) << '\n';
+  out << "chPerYear: " << wide(r.Ch ? std::optional<double>(*r.Ch * kSecondsPerYear) : std::nullopt) << '\n';
   return 0;
 }
 
@@ -338,6 +365,16 @@ bool ParseDissipationOption(const std::string& a, const std::function<const std:
     options.u100 = Number(value()).value_or(std::nan(""));
   else if (a == "--plot")
     options.plot = true;
+  else if (a == "--ch")
+    options.ch = true;
+  else if (a == "--ir")
+    options.rigidity_index = Number(value()).value_or(std::nan(""));
+  else if (a == "--cone-area")
+    options.cone_area = Number(value()).value_or(std::nan(""));
+  else if (a == "--filter")
+    options.filter = value();
+  else if (a == "--root-time")
+    options.root_time = true;
   else if (a == "--mode")
     options.mode = value();
   else if (a == "--time")
@@ -353,6 +390,7 @@ bool ParseDissipationOption(const std::string& a, const std::function<const std:
 
 bool AnyDissipationOption(const DissipationOptions& o) {
   return !o.tests.empty() || o.csv || o.txt || o.percent_max || o.percent_head || o.t50 || o.u0 || o.u100 ||
+         o.ch || o.rigidity_index || o.cone_area || !o.filter.empty() || o.root_time ||
          o.plot || !o.mode.empty() || !o.time.empty() || !o.export_form.empty() || !o.operations.empty();
 }
 
@@ -362,7 +400,7 @@ std::string DissipationUsageError(const DissipationOptions& o, const std::string
     if (std::string error = OperationSyntaxError(op); !error.empty()) return error;
   }
   // A file without the .DIS extension is an FLDACQ file, which has no editor.
-  const bool saves = !out.empty() && !o.csv && !o.txt && !o.plot && !o.t50 && o.export_form.empty();
+  const bool saves = !out.empty() && !o.csv && !o.txt && !o.plot && !o.t50 && !o.ch && o.export_form.empty();
   if ((!o.operations.empty() || saves) && !ContainsNoCase(file, ".dis")) {
     return "an FLDACQ file has no editor: no operation and no -o without --csv or --txt";
   }
@@ -374,7 +412,9 @@ std::string DissipationUsageError(const DissipationOptions& o, const std::string
         o.export_form != "csv-each") {
       return "--export is txt, csv, txt-each or csv-each";
     }
-    if (o.csv || o.txt || o.t50 || o.plot) return "--export goes with none of --csv, --txt, --t50 or --plot";
+    if (o.csv || o.txt || o.t50 || o.ch || o.plot) {
+      return "--export goes with none of --csv, --txt, --t50, --ch or --plot";
+    }
     if (out.empty()) return "--export writes -o OUT";
     if (!o.tests.empty() || o.percent_max || o.percent_head || !o.mode.empty() || !o.time.empty()) {
       return "--export writes every test and takes no --test, --percent-max, --percent-head, --mode or "
@@ -384,8 +424,20 @@ std::string DissipationUsageError(const DissipationOptions& o, const std::string
     if (!ContainsNoCase(file, ".dis")) return "--export is for .DIS files; an FLDACQ file has no editor";
     return {};
   }
-  const int actions = (o.csv || o.txt ? 1 : 0) + (o.t50 ? 1 : 0) + (o.plot ? 1 : 0);
-  if (actions > 1 || (o.csv && o.txt)) return "dissipation takes one of --csv, --txt, --t50 or --plot";
+  const int actions = (o.csv || o.txt ? 1 : 0) + (o.t50 ? 1 : 0) + (o.ch ? 1 : 0) + (o.plot ? 1 : 0);
+  if (actions > 1 || (o.csv && o.txt)) return "dissipation takes one of --csv, --txt, --t50, --ch or --plot";
+  if (!o.ch && (o.rigidity_index || o.cone_area || !o.filter.empty() || o.root_time)) {
+    return "--ir, --cone-area, --filter and --root-time go with --ch";
+  }
+  if (o.ch) {
+    if (o.tests.size() != 1) return "--ch takes one --test N";
+    if (!o.u100 || std::isnan(*o.u100)) return "--ch takes --u100 U100";
+    if (!o.root_time && (!o.u0 || std::isnan(*o.u0))) return "--ch takes --u0 U0 without --root-time";
+    if (o.u0 && std::isnan(*o.u0)) return "--u0 takes a number";
+    if (!o.filter.empty() && o.filter != "u1" && o.filter != "u2") return "--filter is u1 or u2";
+    if (!o.mode.empty() || !o.time.empty() || !out.empty()) return "--ch takes no -o, --mode or --time";
+    return {};
+  }
   if (o.csv || o.txt) {
     if (o.tests.size() != 1) return "--csv and --txt take one --test N";
     if (out.empty()) return "--csv and --txt write -o OUT";
@@ -400,7 +452,7 @@ std::string DissipationUsageError(const DissipationOptions& o, const std::string
     if (!o.mode.empty() || !o.time.empty() || !out.empty()) return "--t50 takes no -o, --mode or --time";
     return {};
   }
-  if (o.u0 || o.u100) return "--u0 and --u100 go with --t50";
+  if (o.u0 || o.u100) return "--u0 and --u100 go with --t50 or --ch";
   if (o.plot) {
     if (!EndsWithNoCase(out, ".png") && !EndsWithNoCase(out, ".pdf"))
       return "--plot writes -o OUT.png or OUT.pdf";
@@ -444,6 +496,7 @@ int RunDissipation(Session& session, ShellController& shell, CliPrompts& prompts
     }
   }
   if (options.t50) return RunT50(session, options, out);
+  if (options.ch) return RunCh(session, prompts, options, out);
   if (options.csv || options.txt) return RunListExport(session, prompts, options, out_path);
   if (!options.export_form.empty()) return RunWholeFileExport(session, prompts, options, out_path);
   if (options.plot) return RunPlot(session, shell, prompts, options, out_path);

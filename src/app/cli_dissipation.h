@@ -26,6 +26,11 @@ struct DissipationOptions {
   bool percent_max = false, percent_head = false;
   bool t50 = false;
   std::optional<double> u0, u100;
+  // ch of one test: the rigidity index, cone area (cm2), filter u1 or u2 and the root-time start.
+  bool ch = false;
+  std::optional<double> rigidity_index, cone_area;
+  std::string filter;
+  bool root_time = false;
   bool plot = false;
   std::string mode;
   std::string time;

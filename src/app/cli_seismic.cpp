@@ -23,6 +23,7 @@
 #include "core/seismic/seismic_exports.h"
 #include "core/seismic/seismic_open.h"
 #include "core/seismic/seismic_writers.h"
+#include "core/seismic/xcorr.h"
 #include "core/session/session.h"
 
 namespace marlview {
@@ -39,7 +40,8 @@ constexpr const char* kSeismicUsage =
     "                    [--dly OUT] [--vss OUT] [--save OUT] [--combine FILE2:OFFSET]\n"
     "                    [--export txt|csv|grf:DIR] [--export-test TEST:txt|csv:DIR] [--sounding TEXT]\n"
     "                    [--file-name TEXT] [--txt-header yes|no] [--grf-strikes A|B|P|AB]\n"
-    "                    [--grf-points all|alternating] [--waves | --velocities]\n";
+    "                    [--grf-points all|alternating]\n"
+    "                    [--waves | --velocities | --xcorr [--xcorr-kind A|B|P] [--xcorr-skip MS]]\n";
 
 // A save whose failure has been told: the command ends with status 1.
 struct SaveFailed {};
@@ -60,7 +62,10 @@ struct SeismicOptions : GlobalOptions {
   std::optional<bool> txt_header;
   GrfStrikes grf_strikes = GrfStrikes::kA;
   std::optional<bool> grf_alternating;
-  enum class Output { kJson, kWaves, kVelocities } output = Output::kJson;
+  enum class Output { kJson, kWaves, kVelocities, kXcorr } output = Output::kJson;
+  // The cross-correlation's strike (kNoStrike: the first of A, B both tests have) and skipped start.
+  std::optional<int16_t> xcorr_kind;
+  std::optional<double> xcorr_skip_ms;
 };
 
 std::vector<std::string> Split(const std::string& text, size_t count, const std::string& option) {
@@ -126,10 +131,18 @@ SeismicOptions Parse(const std::vector<std::string>& args) {
       const std::string& answer = value();
       OneOf(answer, {"A", "B", "P", "NONE"}, a);
       o.arrival_error = answer;
-    } else if (a == "--waves" || a == "--velocities") {
+    } else if (a == "--waves" || a == "--velocities" || a == "--xcorr") {
       if (output_given) throw UsageError("seismic writes one output");
       output_given = true;
-      o.output = a == "--waves" ? SeismicOptions::Output::kWaves : SeismicOptions::Output::kVelocities;
+      o.output = a == "--waves"        ? SeismicOptions::Output::kWaves
+                 : a == "--velocities" ? SeismicOptions::Output::kVelocities
+                                       : SeismicOptions::Output::kXcorr;
+    } else if (a == "--xcorr-kind") {
+      o.xcorr_kind = KindOf(value(), a);
+    } else if (a == "--xcorr-skip") {
+      const double skip = Number(value(), a);
+      if (!(skip >= 0)) throw UsageError("--xcorr-skip takes 0 or more milliseconds");
+      o.xcorr_skip_ms = skip;
     } else if (a == "--filter" || a == "--enhance" || a == "--attenuate") {
       o.operations.push_back({a, {}});
     } else if (a == "--trim" || a == "--hammer-distance") {
@@ -235,6 +248,9 @@ SeismicOptions Parse(const std::vector<std::string>& args) {
     }
   }
   if (o.file.empty()) throw UsageError("seismic takes one FILE");
+  if ((o.xcorr_kind || o.xcorr_skip_ms) && o.output != SeismicOptions::Output::kXcorr) {
+    throw UsageError("--xcorr-kind and --xcorr-skip go with --xcorr");
+  }
   return o;
 }
 
@@ -426,6 +442,23 @@ void WriteVelocities(const SeismicStore& s, std::ostream& out) {
   }
 }
 
+// The true-interval velocities of the velocity menu, one line per test from the second on.
+void WriteXcorr(SeismicController& c, const SeismicOptions& options, std::ostream& out) {
+  SeismicViewState& view = c.View();
+  view.XcorrKind = options.xcorr_kind.value_or(kNoStrike);
+  view.XcorrSkipMs = static_cast<float>(options.xcorr_skip_ms.value_or(kDefaultXcorrSkipMs));
+  c.TrueIntervalVelocities();
+  const SeismicStore& s = c.Store();
+  out << "test,depth,referenceTest,kind,lagSamples,lagTime,coefficient,trueVelocity\n";
+  for (int i = 2; i <= s.TestCount; ++i) {
+    const int16_t kind = XcorrKindOf(s, i - 1, i, view.XcorrKind);
+    const float lag_time = s.XcorrLagSamples[i] * s.SampleInterval[i];
+    out << i << ',' << FloatText(s.TestDepth[i]) << ',' << i - 1 << ',' << (kind == kNoStrike ? "" : KindLetter(kind))
+        << ',' << FloatText(s.XcorrLagSamples[i]) << ',' << FloatText(lag_time) << ','
+        << FloatText(s.XcorrCoefficient[i]) << ',' << FloatText(s.XcorrVelocity[i]) << '\n';
+  }
+}
+
 // One operation, as its control or menu entry does it; a test, strike or sample the controls
 // would not offer is bad usage. With check_only the operation is only checked against the
 // sounding as loaded, so that bad usage anywhere on the line applies nothing.
@@ -574,6 +607,9 @@ int RunSeismic(const std::vector<std::string>& args, std::ostream& out, std::ost
   try {
     controller.Load();
     if (options.grf_alternating && !controller.IsLog()) throw UsageError("--grf-points is for a seismic log (.SLG) only");
+    if (options.output == SeismicOptions::Output::kXcorr && controller.IsLog()) {
+      throw UsageError("--xcorr is not for a seismic log (.SLG): it holds no tests to correlate");
+    }
     for (const Operation& op : options.operations) Apply(session, controller, prompts, options, op, true);
     for (const Operation& op : options.operations) Apply(session, controller, prompts, options, op, false);
   } catch (const UsageError& error) {
@@ -588,6 +624,7 @@ int RunSeismic(const std::vector<std::string>& args, std::ostream& out, std::ost
     case SeismicOptions::Output::kJson: out << ViewJson(controller, options.file).dump(2) << '\n'; break;
     case SeismicOptions::Output::kWaves: WriteWaves(controller, out); break;
     case SeismicOptions::Output::kVelocities: WriteVelocities(controller.Store(), out); break;
+    case SeismicOptions::Output::kXcorr: WriteXcorr(controller, options, out); break;
   }
   return 0;
 }

@@ -7,6 +7,7 @@
 
 #include "core/common/number_format.h"
 #include "core/common/number_read.h"
+#include "core/common/runtime_failure.h"
 
 namespace marlview {
 namespace {
@@ -105,10 +106,10 @@ void DrawSlopeLine(T50State& t50, DissipationPlotState& plot, const DissipationS
   plot.overlay = lines;
 }
 
-std::optional<float> FindT50(const DissipationSet& set, int test, float u50) {
+std::optional<float> FindT50(const DissipationSet& set, int test, float u50, int first_row) {
   if (test < 1 || test > kMaxDissipations) return std::nullopt;
   const int rows = set.RowCount[static_cast<size_t>(test)];
-  for (int k = 1; k <= rows - 1; ++k) {
+  for (int k = std::max(first_row, 1); k <= rows - 1; ++k) {
     const float p1 = set.RowPressure(test, k), p2 = set.RowPressure(test, k + 1);
     const bool brackets = (p1 <= u50 && u50 <= p2) || (p2 <= u50 && u50 <= p1);
     if (!brackets) continue;
@@ -119,6 +120,30 @@ std::optional<float> FindT50(const DissipationSet& set, int test, float u50) {
     return t1 + (u50 - p1) * (t2 - t1) / (p2 - p1);
   }
   return std::nullopt;
+}
+
+void NoteT50(T50State& t50, DissipationSet& set, int test) {
+  if (!t50.T50 || test < 1 || test > kMaxDissipations) return;
+  // Only a T50 found for the present U50: one kept from before belongs to other lines.
+  const std::optional<float> found = FindT50(set, test, t50.U50);
+  if (!found) return;
+  const T50State::Noted now{test, t50.U0, t50.U100, *found};
+  if (t50.noted == now) return;
+  t50.noted = now;
+  // A ch worked out for these very lines stays.
+  const ConsolidationResult& last = set.LastConsolidation[static_cast<size_t>(test)];
+  if (last.HasT50 && last.U0 == now.u0 && last.U100 == now.u100 && last.T50 == now.t50) return;
+  RecordT50(set, test, now.u0, now.u100, now.t50);
+}
+
+void RecordT50(DissipationSet& set, int test, float u0, float u100, float t50) {
+  if (test < 1 || test > kMaxDissipations) Fail(kErrSubscript);
+  ConsolidationResult& last = set.LastConsolidation[static_cast<size_t>(test)];
+  last = ConsolidationResult{};
+  last.HasT50 = true;
+  last.U0 = u0;
+  last.U100 = u100;
+  last.T50 = t50;
 }
 
 void PressRepeat(T50State& t50, int code) {

@@ -44,6 +44,13 @@ struct T50State {
   int RepeatAction = kRepeatNone;
   int RepeatTicks = 0;
   T50Lines lines;
+  // The test and values last noted as the test's computation.
+  struct Noted {
+    int test = 0;
+    float u0 = 0, u100 = 0, t50 = 0;
+    bool operator==(const Noted&) const = default;
+  };
+  std::optional<Noted> noted;
 };
 
 // The lines' start on the plot's current rectangle.
@@ -52,8 +59,13 @@ T50State StartT50(const DissipationPlotState& plot, int16_t u0_mode);
 double PressureAtY(const DissipationPlotState& plot, double y);
 // Recomputes U0, U50, U100, T50 and every line; the result also goes to plot.overlay.
 void DrawSlopeLine(T50State& t50, DissipationPlotState& plot, const DissipationSet& set);
-// T50 of test by the first row pair that brackets u50; nothing when none does.
-std::optional<float> FindT50(const DissipationSet& set, int test, float u50);
+// T50 of test by the first row pair from first_row on that brackets u50; nothing when none does.
+std::optional<float> FindT50(const DissipationSet& set, int test, float u50, int first_row = 1);
+// The utility's T50, when it has moved since it was last noted, as the test's last computation:
+// a ch worked out before no longer goes with it.
+void NoteT50(T50State& t50, DissipationSet& set, int test);
+// A T50 without a ch as the test's last computation.
+void RecordT50(DissipationSet& set, int test, float u0, float u100, float t50);
 // A button pressed or let go, and one tick of its timer: the step grows by one each tick up to 40.
 void PressRepeat(T50State& t50, int code);
 void ReleaseRepeat(T50State& t50);

@@ -8,6 +8,7 @@
 #include "core/common/number_read.h"
 #include "core/common/text_rules.h"
 #include "core/seismic/conditioning.h"
+#include "core/seismic/xcorr.h"
 
 namespace marlview {
 namespace {
@@ -124,6 +125,7 @@ void SeismicController::Velocities(int changed_test) {
 
 void SeismicController::Load() {
   SeismicStore& s = Store();
+  ForgetXcorr(s);
   view_ = SeismicViewState{};
   view_.ShownTest = 1;
   LoadHammerDistance(session_, s);
@@ -153,7 +155,10 @@ void SeismicController::Load() {
   if (choice.needed) RedrawAll();
 }
 
-void SeismicController::AfterConditioning() { RedrawAll(); }
+void SeismicController::AfterConditioning() {
+  ForgetXcorr(Store());
+  RedrawAll();
+}
 
 void SeismicController::FilterAll() {
   FilterAllGraphs(Store());
@@ -189,6 +194,7 @@ bool SeismicController::TrimAll(double time_ms) {
 }
 
 void SeismicController::RemoveStrikes(int16_t kind) {
+  ForgetXcorr(Store());
   RemoveStrikeKind(Store(), kind);
   if (Store().TestCount == 0) {
     view_.WorkbenchOpen = false;
@@ -224,6 +230,7 @@ void SeismicController::ApplyHammerDistance(const std::string& text, bool do_not
   Store().AskHammerDistance = do_not_ask ? 0 : 1;
   view_.HammerFrameVisible = false;
   Velocities(0);
+  ForgetXcorr(Store());
   RedrawStrike();
 }
 
@@ -240,6 +247,7 @@ bool SeismicController::AdjustDepth(const std::string& measured_text, const std:
   const float ratio = static_cast<float>(observed / measured);
   SeismicStore& s = Store();
   for (int i = 1; i <= s.TestCount; ++i) s.TestDepth[i] = s.TestDepth[i] * ratio;
+  ForgetXcorr(s);
   CalculateVelocities(s, prompts_, 0);
   RedrawAll();
   return true;
@@ -247,6 +255,12 @@ bool SeismicController::AdjustDepth(const std::string& measured_text, const std:
 
 bool SeismicController::GenDelayFile() { return GenDelay(session_, Store(), prompts_); }
 bool SeismicController::GenVelocityFile() { return GenVelocity(session_, Store(), prompts_); }
+
+void SeismicController::TrueIntervalVelocities() {
+  if (IsLog()) return;
+  CrossCorrelateTests(Store(), prompts_, XcorrOptions{view_.XcorrKind, view_.XcorrSkipMs});
+  RedrawAll();
+}
 
 void SeismicController::ClearDisplayShifts() {
   view_.DisplayShift.fill(0);
@@ -309,6 +323,7 @@ void SeismicController::SelectStrike(int16_t kind) { view_.SelectedStrike = kind
 
 void SeismicController::FilterTick() {
   FilterStrike(Store(), view_.ShownTest, view_.SelectedStrike, kFilterTickPasses);
+  ForgetXcorr(Store());
   RedrawStrike();
   RedrawTests({view_.ShownTest});
 }
@@ -316,6 +331,7 @@ void SeismicController::FilterTick() {
 void SeismicController::EnhanceStep(bool plus) {
   if (!StrikePresent(view_.SelectedStrike)) return;
   marlview::EnhanceStep(Store(), view_.ShownTest, view_.SelectedStrike, plus);
+  ForgetXcorr(Store());
   RedrawStrike();
   RedrawTests({view_.ShownTest});
 }
@@ -338,6 +354,7 @@ void SeismicController::Nudge(int samples) {
 
 bool SeismicController::TrimShownTest(double time_ms) {
   if (!TrimTest(Store(), view_.ShownTest, time_ms, prompts_)) return false;
+  ForgetXcorr(Store());
   UpdateWorkbenchRange();
   RedrawStrike();
   RedrawTests({view_.ShownTest});
@@ -431,6 +448,7 @@ void SeismicController::MoveStrike(int16_t from, int16_t to, bool keep_source, b
   SeismicStore& s = Store();
   const int test = view_.ShownTest;
   if (!s.HasStrike(from, test)) return;
+  ForgetXcorr(s);
   const int source = StrikeSlot(from, test), target = StrikeSlot(to, test);
   const int n = std::clamp(s.SampleCount[source], 0, kMaxStrikeSamples);
   for (int k = 1; k <= n; ++k) {
@@ -468,6 +486,7 @@ void SeismicController::SwapAandB() {
   SeismicStore& s = Store();
   const int test = view_.ShownTest;
   const int a = StrikeSlot(kStrikeA, test), b = StrikeSlot(kStrikeB, test);
+  ForgetXcorr(s);
   const int n = std::clamp(std::max(s.SampleCount[a], s.SampleCount[b]), 0, kMaxStrikeSamples);
   for (int k = 1; k <= n; ++k) {
     std::swap(s.StrikeTime(a, k), s.StrikeTime(b, k));
@@ -503,6 +522,7 @@ void SeismicController::RemoveStrikeOfTest(int16_t kind) {
   SeismicStore& s = Store();
   const int test = view_.ShownTest;
   if (!s.HasStrike(kind, test) || s.StrikeCountOf(test) <= 1) return;
+  ForgetXcorr(s);
   if (s.ArrivalKind[test] == kind) {
     s.DelayTime[test] = 0;
     s.ArrivalSample[test] = 0;
@@ -524,6 +544,7 @@ void SeismicController::RemoveAllStrikesOfTest() {
   }
   const int test = view_.ShownTest;
   s.HasStrikeA[test] = s.HasStrikeB[test] = s.HasStrikeP[test] = 0;
+  ForgetXcorr(s);
   s.DropTest(test);
   CalculateVelocities(s, prompts_, 0);
   ClearDisplayShifts();
@@ -586,6 +607,7 @@ bool SeismicController::ChangeDepth(const std::string& text) {
     return false;
   }
   s.TestDepth[i] = ToSingle(value);
+  ForgetXcorr(s);
   CalculateVelocities(s, prompts_, 0);
   RedrawAll();
   return true;

@@ -65,6 +65,9 @@ struct SeismicViewState {
   // Frame3, the hammer distance frame.
   bool HammerFrameVisible = false;
   bool CoverSheet = false;
+  // The strike the cross-correlation compares (kNoStrike: A, else B) and the start it skips.
+  int16_t XcorrKind = kNoStrike;
+  float XcorrSkipMs = 5;
 };
 
 struct SeismicMenus {
@@ -122,6 +125,8 @@ class SeismicController {
   bool AdjustDepth(const std::string& measured, const std::string& observed);
   bool GenDelayFile();
   bool GenVelocityFile();
+  // The velocity menu's true-interval velocities by cross-correlation of successive tests.
+  void TrueIntervalVelocities();
 
   // The workbench.
   void OpenTest(int test);

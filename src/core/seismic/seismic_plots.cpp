@@ -54,6 +54,34 @@ std::string ArrivalText(const SeismicStore& s, int test) {
 
 }  // namespace
 
+std::vector<std::string> VelocityTableHeaders(const SeismicController& c) {
+  return {"Test", c.Feet() ? "Depth (ft)" : "Depth (m)", "Vs", "Vs XCORR", "Coef."};
+}
+
+std::vector<VelocityTableRow> VelocityTable(const SeismicController& c) {
+  const SeismicStore& s = c.Store();
+  std::vector<VelocityTableRow> rows;
+  if (c.IsLog()) return rows;
+  const double unit = c.Feet() ? c.FeetPerMetre() : 1.0;
+  auto velocity = [&](int test, float value) {
+    if (test == 1) return std::string("*");
+    return value == 0 ? std::string("?") : FormatNumber(value * unit, "###0.00");
+  };
+  for (int i = 1; i <= s.TestCount; ++i) {
+    VelocityTableRow row;
+    row.test = std::to_string(i);
+    row.depth = FormatNumber(s.TestDepth[i] * unit, "##0.00#");
+    row.velocity = velocity(i, s.IntervalVelocity[i]);
+    if (s.XcorrComputed) {
+      row.xcorr_velocity = velocity(i, s.XcorrVelocity[i]);
+      // A pair that correlated has a lag; one refused or without correlation has no quality to show.
+      if (i > 1 && s.XcorrLagSamples[i] != 0) row.coefficient = FormatNumber(s.XcorrCoefficient[i], "0.00");
+    }
+    rows.push_back(std::move(row));
+  }
+  return rows;
+}
+
 Colour StrikeColour(int kind) {
   return kind == kStrikeA ? kStrikeColourA : kind == kStrikeB ? kStrikeColourB : kStrikeColourP;
 }

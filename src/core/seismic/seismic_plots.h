@@ -4,6 +4,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "core/presentation/drawing_surface.h"
 #include "core/presentation/print_job.h"
@@ -33,6 +34,14 @@ void DrawTimeAxis(DrawingSurface& g, double left, double top, double width, doub
 // lblLeftLabel and lblRightLabel of a row.
 std::string LeftLabelText(int row);
 std::string RightLabelText(const SeismicController& controller, int test);
+
+// The log window's velocity table: per test the pick-based pseudo-interval velocity beside the
+// true-interval velocity by cross-correlation and its coefficient, in the depth unit shown.
+struct VelocityTableRow {
+  std::string test, depth, velocity, xcorr_velocity, coefficient;
+};
+std::vector<std::string> VelocityTableHeaders(const SeismicController& controller);
+std::vector<VelocityTableRow> VelocityTable(const SeismicController& controller);
 
 // GraphStrike: the workbench's view of the shown test with its reference wave and pick.
 void GraphStrike(DrawingSurface& g, double width, double height, const SeismicController& controller);

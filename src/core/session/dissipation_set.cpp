@@ -137,6 +137,8 @@ void DissipationRows::RemoveTest(DissipationSet& set, int test) {
     set.TestDepth[at] = set.TestDepth[next];
     set.MaxPressure[at] = set.MaxPressure[next];
     set.HydrostaticPressure[at] = set.HydrostaticPressure[next];
+    // The last ch stays with its test under the test's new number.
+    set.LastConsolidation[at] = set.LastConsolidation[next];
     set.RowText[at].swap(set.RowText[next]);
   }
   const auto last = static_cast<size_t>(count);
@@ -145,6 +147,7 @@ void DissipationRows::RemoveTest(DissipationSet& set, int test) {
   set.TestDepth[last] = 0;
   set.MaxPressure[last] = 0;
   set.HydrostaticPressure[last] = 0;
+  set.LastConsolidation[last] = ConsolidationResult{};
   std::vector<std::string>().swap(set.RowText[last]);
   set.DissipationCount = static_cast<int16_t>(count - 1);
 }

@@ -29,6 +29,7 @@ class Form2 : public QMainWindow {
 
   DissipationPlotState& Plot() { return plot_; }
   const Session& SessionOf() const { return session_; }
+  Session& SessionOf() { return session_; }
   UserPrompts& Prompts() { return prompts_; }
   // Draws the plot again after a change of its state; the T50 lines follow the new axes.
   void Repaint();

@@ -3,6 +3,7 @@
 
 #include <QCheckBox>
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -13,6 +14,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "core/dissipation/consolidation.h"
 #include "core/session/session.h"
 #include "ui/common/event_guard.h"
 #include "ui/common/named.h"
@@ -99,12 +101,69 @@ void FrmT50Utility::BuildControls() {
       Named(new QCheckBox("INCLUDE LINES ON PRINTOUT", this), "chkIncludeLinesOnPrintout");
   chkIncludeLinesOnPrintout->setChecked(true);
   layout->addWidget(chkIncludeLinesOnPrintout);
+  BuildChFrame(layout);
   auto* buttons = new QHBoxLayout;
   cmdPrint = NamedButton(buttons, this, "cmdPrint", "PRINT");
   cmdReturn = NamedButton(buttons, this, "cmdReturn", "RETURN");
   layout->addLayout(buttons);
   tmrRepeat = Named(new QTimer(this), "tmrRepeat");
   tmrRepeat->setInterval(kRepeatMilliseconds);
+}
+
+void FrmT50Utility::BuildChFrame(QLayout* layout) {
+  auto* frame = Named(new QGroupBox("ch (Teh and Houlsby 1991)", this), "fraCh");
+  auto* grid = new QGridLayout(frame);
+  grid->addWidget(new QLabel("Rigidity index Ir", frame), 0, 0);
+  txtRigidityIndex = Named(new QLineEdit("100", frame), "txtRigidityIndex");
+  grid->addWidget(txtRigidityIndex, 0, 1);
+  grid->addWidget(new QLabel("Cone area (cm\u00b2)", frame), 1, 0);
+  txtConeArea = Named(new QLineEdit("10", frame), "txtConeArea");
+  grid->addWidget(txtConeArea, 1, 1);
+  grid->addWidget(new QLabel("Filter position", frame), 2, 0);
+  cmbFilterPosition = Named(new QComboBox(frame), "cmbFilterPosition");
+  // Entries in the order of FilterPosition.
+  cmbFilterPosition->addItem("u2 (shoulder)");
+  cmbFilterPosition->addItem("u1 (face)");
+  grid->addWidget(cmbFilterPosition, 2, 1);
+  chkRootTime = Named(new QCheckBox("square-root-time start correction", frame), "chkRootTime");
+  grid->addWidget(chkRootTime, 3, 0, 1, 2);
+  cmdCalculateCh = Named(new QPushButton("CALCULATE ch", frame), "cmdCalculateCh");
+  cmdCalculateCh->setAutoDefault(false);
+  grid->addWidget(cmdCalculateCh, 4, 0, 1, 2);
+  lblChCm2PerSecond = Named(new QLabel(frame), "lblChCm2PerSecond");
+  grid->addWidget(lblChCm2PerSecond, 5, 0);
+  grid->addWidget(new QLabel("cm\u00b2/s", frame), 5, 1);
+  lblChM2PerYear = Named(new QLabel(frame), "lblChM2PerYear");
+  grid->addWidget(lblChM2PerYear, 6, 0);
+  grid->addWidget(new QLabel("m\u00b2/year", frame), 6, 1);
+  for (QLabel* value : {lblChCm2PerSecond, lblChM2PerYear}) {
+    value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  }
+  layout->addWidget(frame);
+}
+
+void FrmT50Utility::CalculateCh() {
+  UserPrompts& prompts = form_.Prompts();
+  ChRequest request;
+  if (!ReadChInputs(txtRigidityIndex->text().toStdString(), txtConeArea->text().toStdString(),
+                    cmbFilterPosition->currentIndex(), request.Inputs, prompts)) {
+    return;
+  }
+  request.Test = form_.Plot().selection.LastSelected;
+  request.U0 = t50_.U0;
+  request.U100 = t50_.U100;
+  request.RootTime = chkRootTime->isChecked();
+  ComputeCh(form_.SessionOf().Dissipation(), request, prompts);
+  ShowCh();
+}
+
+void FrmT50Utility::ShowCh() {
+  const int test = form_.Plot().selection.LastSelected;
+  if (test < 1 || test > kMaxDissipations) return;
+  const ChTexts texts = ChResultTexts(form_.SessionOf().Dissipation().LastConsolidation[static_cast<size_t>(test)]);
+  lblChCm2PerSecond->setText(ToQString(texts.PerSecondCm2));
+  lblChM2PerYear->setText(ToQString(texts.PerYearM2));
 }
 
 void FrmT50Utility::Connect() {
@@ -160,6 +219,8 @@ void FrmT50Utility::Connect() {
     });
   });
   connect(cmdReturn, &QPushButton::clicked, this, [this] { close(); });
+  connect(cmdCalculateCh, &QPushButton::clicked, this,
+          [this, &prompts] { RunGuarded(prompts, "cmdCalculateCh_Click", [&] { CalculateCh(); }); });
 }
 
 void FrmT50Utility::closeEvent(QCloseEvent* event) {
@@ -182,7 +243,10 @@ void FrmT50Utility::FollowPlot() {
 }
 
 void FrmT50Utility::DrawLines() {
-  DrawSlopeLine(t50_, form_.Plot(), form_.SessionOf().Dissipation());
+  DissipationSet& set = form_.SessionOf().Dissipation();
+  DrawSlopeLine(t50_, form_.Plot(), set);
+  NoteT50(t50_, set, form_.Plot().selection.LastSelected);
+  ShowCh();
   const T50Lines& lines = t50_.lines;
   lblU0->setText(ToQString(lines.u0_text));
   lblU50->setText(ToQString(lines.u50_text));

@@ -7,6 +7,7 @@
 #include "core/dissipation/t50_utility.h"
 
 class QCheckBox;
+class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -53,6 +54,14 @@ class FrmT50Utility : public QDialog {
   QLabel* lblU100;
   QLabel* lblT50;
   QTimer* tmrRepeat;
+  // The frame "ch (Teh and Houlsby 1991)".
+  QLineEdit* txtRigidityIndex;
+  QLineEdit* txtConeArea;
+  QComboBox* cmbFilterPosition;
+  QCheckBox* chkRootTime;
+  QPushButton* cmdCalculateCh;
+  QLabel* lblChCm2PerSecond;
+  QLabel* lblChM2PerYear;
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -63,6 +72,10 @@ class FrmT50Utility : public QDialog {
   // DrawSlopeLine, then the labels and the plot.
   void DrawLines();
   void ShowScale();
+  void BuildChFrame(QLayout* layout);
+  void CalculateCh();
+  // The test's last ch, or blanks when its T50 has moved since.
+  void ShowCh();
 
   Form2& form_;
   T50State t50_;

@@ -16,6 +16,8 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScrollBar>
+#include <QTableWidget>
+#include <QHeaderView>
 #include <QVBoxLayout>
 
 #include "core/common/number_format.h"
@@ -105,6 +107,11 @@ void Seisform::BuildControls() {
   middle->addWidget(rows_, 1);
   VScroll1 = Named(new QScrollBar(Qt::Vertical, central), "VScroll1");
   middle->addWidget(VScroll1);
+  grdVelocities = Named(new QTableWidget(central), "grdVelocities");
+  grdVelocities->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  grdVelocities->verticalHeader()->hide();
+  grdVelocities->setFixedWidth(330);
+  middle->addWidget(grdVelocities);
   layout->addLayout(middle, 1);
 
   pctTimeAxis = Named(new SeismicPicture(central), "pctTimeAxis");
@@ -205,6 +212,21 @@ void Seisform::BuildMenus() {
   mnuHammerDistance = NamedAction(mnuVelocity, "mnuHammerDistance", "&Hammer Distance...");
   mnuGenDelay = NamedAction(mnuVelocity, "mnuGenDelay", "Write &Delays (.dly)...");
   mnuGenVelocity = NamedAction(mnuVelocity, "mnuGenVelocity", "Write &Velocities (.vss)...");
+  mnuVelocity->addSeparator();
+  mnuTrueIntervalVelocities =
+      NamedAction(mnuVelocity, "mnuTrueIntervalVelocities", "True-Interval Velocities (Cross-Correlation)");
+  mnuXcorrStrike = mnuVelocity->addMenu("&Strike for Correlation");
+  mnuXcorrStrike->setObjectName("mnuXcorrStrike");
+  mnuXcorrStrikeAuto = NamedAction(mnuXcorrStrike, "mnuXcorrStrikeAuto", "First of A, B in Both Tests");
+  mnuXcorrStrikeA = NamedAction(mnuXcorrStrike, "mnuXcorrStrikeA", "&A");
+  mnuXcorrStrikeB = NamedAction(mnuXcorrStrike, "mnuXcorrStrikeB", "&B");
+  mnuXcorrStrikeP = NamedAction(mnuXcorrStrike, "mnuXcorrStrikeP", "&P");
+  auto* strikes = new QActionGroup(this);
+  for (QAction* entry : {mnuXcorrStrikeAuto, mnuXcorrStrikeA, mnuXcorrStrikeB, mnuXcorrStrikeP}) {
+    entry->setCheckable(true);
+    strikes->addAction(entry);
+  }
+  mnuXcorrStrikeAuto->setChecked(true);
 
   QMenu* help = menuBar()->addMenu("&Help");
   help->setObjectName("mnuHelpMenu");
@@ -289,6 +311,13 @@ void Seisform::Connect() {
   });
   on(mnuGenDelay, "GenDelay", [this] { controller_.GenDelayFile(); });
   on(mnuGenVelocity, "GenVelocity", [this] { controller_.GenVelocityFile(); });
+  on(mnuTrueIntervalVelocities, "mnuTrueIntervalVelocities_Click", [this] { controller_.TrueIntervalVelocities(); });
+  const std::pair<QAction*, int16_t> strike_entries[] = {
+      {mnuXcorrStrikeAuto, kNoStrike}, {mnuXcorrStrikeA, kStrikeA}, {mnuXcorrStrikeB, kStrikeB}, {mnuXcorrStrikeP, kStrikeP}};
+  for (const auto& entry : strike_entries) {
+    const int16_t kind = entry.second;
+    on(entry.first, "mnuXcorrStrike_Click", [this, kind] { controller_.View().XcorrKind = kind; });
+  }
   on(mnuHelp, "mnuHelp_Click", [this] { QMessageBox::information(this, "Marlview Help", kSeismicHelpText); });
   connect(VScroll1, &QScrollBar::valueChanged, this, [this] { Handle("VScroll1_Change", [this] { ShowRows(); }); });
 }
@@ -418,7 +447,34 @@ void Seisform::Refresh() {
   ShowRows();
   for (int n = 1; n <= count; ++n) UpdateLabels(n);
   Frame3->setVisible(controller_.View().HammerFrameVisible);
+  grdVelocities->setVisible(!log);
+  ShowVelocityTable();
+  const int16_t xcorr_kind = controller_.View().XcorrKind;
+  mnuXcorrStrikeAuto->setChecked(xcorr_kind == kNoStrike);
+  mnuXcorrStrikeA->setChecked(xcorr_kind == kStrikeA);
+  mnuXcorrStrikeB->setChecked(xcorr_kind == kStrikeB);
+  mnuXcorrStrikeP->setChecked(xcorr_kind == kStrikeP);
   if (workbench_ != nullptr && workbench_->isVisible()) workbench_->Refresh();
+}
+
+void Seisform::ShowVelocityTable() {
+  const std::vector<std::string> headers = VelocityTableHeaders(controller_);
+  const std::vector<VelocityTableRow> rows = VelocityTable(controller_);
+  grdVelocities->setColumnCount(static_cast<int>(headers.size()));
+  QStringList titles;
+  for (const std::string& header : headers) titles << ToQString(header);
+  grdVelocities->setHorizontalHeaderLabels(titles);
+  grdVelocities->setRowCount(static_cast<int>(rows.size()));
+  for (size_t r = 0; r < rows.size(); ++r) {
+    const VelocityTableRow& row = rows[r];
+    const std::string* cells[] = {&row.test, &row.depth, &row.velocity, &row.xcorr_velocity, &row.coefficient};
+    for (int column = 0; column < static_cast<int>(std::size(cells)); ++column) {
+      auto* item = new QTableWidgetItem(ToQString(*cells[column]));
+      item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+      grdVelocities->setItem(static_cast<int>(r), column, item);
+    }
+  }
+  grdVelocities->resizeColumnsToContents();
 }
 
 void Seisform::GraphWaves(int test) {
@@ -426,11 +482,16 @@ void Seisform::GraphWaves(int test) {
     pctSeisGraph[static_cast<size_t>(test)]->update();
     UpdateLabels(test);
   }
+  ShowVelocityTable();
 }
 
 void Seisform::GraphAllWaves() {
   if (static_cast<int>(pctSeisGraph.size()) != controller_.RowCount() + 1) BuildRows();
-  for (size_t n = 1; n < pctSeisGraph.size(); ++n) GraphWaves(static_cast<int>(n));
+  for (size_t n = 1; n < pctSeisGraph.size(); ++n) {
+    pctSeisGraph[n]->update();
+    UpdateLabels(static_cast<int>(n));
+  }
+  ShowVelocityTable();
   pctTimeAxis->update();
 }
 

@@ -19,6 +19,7 @@ class QLineEdit;
 class QMenu;
 class QPushButton;
 class QScrollBar;
+class QTableWidget;
 class QVBoxLayout;
 
 namespace marlview {
@@ -75,6 +76,8 @@ class Seisform : public QMainWindow, private SeismicListener {
   QLineEdit* Text6;
   QCheckBox* Check1;
   QPushButton* Command10;
+  // The velocities of the tests: pick-based beside cross-correlated, with the coefficient.
+  QTableWidget* grdVelocities;
 
   QMenu* mnuFile;
   QMenu* mnuEdit;
@@ -107,6 +110,13 @@ class Seisform : public QMainWindow, private SeismicListener {
   QAction* mnuHammerDistance;
   QAction* mnuGenDelay;
   QAction* mnuGenVelocity;
+  QAction* mnuTrueIntervalVelocities;
+  QMenu* mnuXcorrStrike;
+  // The strike for correlation: the first of A, B both tests have, or A, B, P.
+  QAction* mnuXcorrStrikeAuto;
+  QAction* mnuXcorrStrikeA;
+  QAction* mnuXcorrStrikeB;
+  QAction* mnuXcorrStrikeP;
   QAction* mnuHelp;
 
  protected:
@@ -125,6 +135,7 @@ class Seisform : public QMainWindow, private SeismicListener {
   void BuildRows();
   void ShowRows();
   void UpdateLabels(int row);
+  void ShowVelocityTable();
   void Handle(const char* source, const std::function<void()>& handler);
   void PrintTo(PrintJob& job);
 
