@@ -4,6 +4,8 @@
 #include "ui/dissipation/form2.h"
 
 #include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QApplication>
 #include <QGroupBox>
 #include <QLabel>
@@ -193,6 +195,49 @@ class Form2Test : public QObject, protected marlview::test::MainWindowTest {
     QTRY_VERIFY(plot->T50Window() == nullptr);
     QVERIFY(!plot->Plot().overlay.has_value());
     QVERIFY(Log().isEmpty());
+  }
+
+  void t50UtilityWorksOutChForTheTestShown() {
+    Form2* plot = OpenPlot({1});
+    plot->mnuT50Util->trigger();
+    FrmT50Utility* t50 = plot->T50Window();
+    QVERIFY(t50 != nullptr && QTest::qWaitForWindowExposed(t50));
+    QCOMPARE(t50->findChild<QGroupBox*>("fraCh")->title(), QString("ch (Teh and Houlsby 1991)"));
+    QCOMPARE(t50->txtRigidityIndex->text(), QString("100"));
+    QCOMPARE(t50->txtConeArea->text(), QString("10"));
+    QCOMPARE(t50->cmbFilterPosition->currentText(), QString("u2 (shoulder)"));
+    QCOMPARE(t50->cmbFilterPosition->itemText(1), QString("u1 (face)"));
+    QCOMPARE(t50->chkRootTime->text(), QString("square-root-time start correction"));
+    QVERIFY(t50->lblChCm2PerSecond->text().isEmpty());
+
+    // The manual lines lie on the curve, so there is a T50 to work from.
+    QTest::mouseClick(t50->optManualAdjustment, Qt::LeftButton);
+    const int test = plot->Plot().selection.LastSelected;
+    QVERIFY(S().Dissipation().LastConsolidation[static_cast<size_t>(test)].HasT50);
+    t_->prompts.ClearLog();
+    t50->txtRigidityIndex->setText("0");
+    QTest::mouseClick(t50->cmdCalculateCh, Qt::LeftButton);
+    t50->txtRigidityIndex->setText("100");
+    t50->txtConeArea->setText("ten");
+    QTest::mouseClick(t50->cmdCalculateCh, Qt::LeftButton);
+    QCOMPARE(Log(), (QStringList{"! Please enter a valid rigidity index", "! Please enter a valid cone area"}));
+    QVERIFY(!S().Dissipation().LastConsolidation[static_cast<size_t>(test)].HasCh);
+
+    t50->txtConeArea->setText("10");
+    QTest::mouseClick(t50->cmdCalculateCh, Qt::LeftButton);
+    const marlview::ConsolidationResult& last = S().Dissipation().LastConsolidation[static_cast<size_t>(test)];
+    QVERIFY(last.HasCh && last.T50 == *t50->State().T50);
+    QVERIFY2(QRegularExpression("^\\d\\.\\d{4}E[-+]\\d\\d$").match(t50->lblChCm2PerSecond->text()).hasMatch(),
+             qPrintable(t50->lblChCm2PerSecond->text()));
+    QVERIFY(!t50->lblChM2PerYear->text().isEmpty());
+
+    // Moving a line moves T50: the ch of the old one is no longer shown.
+    QTest::mousePress(t50->cmdDownU100, Qt::LeftButton);
+    QTRY_VERIFY(t50->State().RepeatTicks >= 3);
+    QTest::mouseRelease(t50->cmdDownU100, Qt::LeftButton);
+    QVERIFY(!last.HasCh);
+    QVERIFY(t50->lblChCm2PerSecond->text().isEmpty());
+    QTest::mouseClick(t50->cmdReturn, Qt::LeftButton);
   }
 
   void returnAsksWhileTheUtilityIsOpen() {

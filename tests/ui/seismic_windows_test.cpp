@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QTableWidget>
 #include <QTimer>
 #include <QtTest>
 #include <algorithm>
@@ -148,6 +149,27 @@ class SeismicWindowsTest : public QObject {
     log->mnuReturn->trigger();
     QTRY_VERIFY(form_->SeismicWindow() == nullptr);
     QVERIFY(form_->frmSelectTestType->isEnabled());
+  }
+
+  void crossCorrelatedVelocitiesStandBesideThePicks() {
+    Seisform* log = OpenSample("SCPT-A01.SEI");
+    QVERIFY(log != nullptr);
+    QCOMPARE(log->mnuTrueIntervalVelocities->text(), QString("True-Interval Velocities (Cross-Correlation)"));
+    QTableWidget* table = log->grdVelocities;
+    QCOMPARE(table->rowCount(), 12);
+    QCOMPARE(table->horizontalHeaderItem(3)->text(), QString("Vs XCORR"));
+    QVERIFY(table->item(1, 3)->text().isEmpty());
+
+    log->mnuXcorrStrikeB->trigger();
+    QCOMPARE(log->Controller().View().XcorrKind, marlview::kStrikeB);
+    log->mnuTrueIntervalVelocities->trigger();
+    QVERIFY(Store().XcorrComputed);
+    QVERIFY(Log().isEmpty());
+    QCOMPARE(table->item(0, 3)->text(), QString("*"));
+    QVERIFY(table->item(1, 3)->text().toDouble() > 50);
+    QVERIFY2(QRegularExpression("^[01]\\.\\d\\d$").match(table->item(1, 4)->text()).hasMatch(),
+             qPrintable(table->item(1, 4)->text()));
+    QCOMPARE(table->item(1, 2)->text(), QString("?"));
   }
 
   void savesTheDemoSoundingAndReopensItToTheSamePicks() {
