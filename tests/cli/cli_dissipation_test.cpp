@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
+#include <map>
 #include <sstream>
 
 #include "cli/cli_fixture.h"
@@ -67,6 +68,36 @@ TEST_F(CliDissipationTest, T50ForGivenU0AndU100) {
       Run({"dissipation", Sample("PXD-B04.DIS"), "--test", "1", "--t50", "--u0", "5000", "--u100", "4000"});
   EXPECT_EQ(none.status, 0);
   EXPECT_EQ(none.out, "U50: 4500\nT50: none\n");
+}
+
+TEST_F(CliDissipationTest, ChLinesWithAndWithoutTheRootTimeStart) {
+  const std::string file = Sample("DIS-A01.DIS");
+  CliRun run = Run({"dissipation", file, "--test", "1", "--ch", "--u100", "10", "--root-time", "--ir", "400"});
+  ASSERT_EQ(run.status, 0) << run.err;
+  std::istringstream lines(run.out);
+  std::map<std::string, double> values;
+  std::vector<std::string> names;
+  for (std::string line; std::getline(lines, line);) {
+    const size_t colon = line.find(": ");
+    names.push_back(line.substr(0, colon));
+    values[names.back()] = std::stod(line.substr(colon + 2));
+  }
+  EXPECT_EQ(names, (std::vector<std::string>{"U0", "U100", "U50", "T50", "Ui", "ch", "chPerYear"}));
+  EXPECT_NEAR(values["U50"], 10 + (values["Ui"] - 10) / 2, 1e-3);
+  // 0.245 * (10 / pi) cm2 * sqrt(400) / T50, in m2/s.
+  EXPECT_NEAR(values["ch"], 0.245 * 10 / 3.14159265 * 1e-4 * 20 / values["T50"], 1e-9);
+  EXPECT_NEAR(values["chPerYear"], values["ch"] * 31557600, 1e-3);
+
+  run = Run({"dissipation", file, "--test", "1", "--ch", "--u0", "60", "--u100", "10", "--filter", "u1"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, "U0: 60\nU100: 10\nU50: 35\nT50: none\nUi: 60\nch: none\nchPerYear: none\n");
+  EXPECT_EQ(run.err, "! T50 NOT REACHED\n");
+  EXPECT_EQ(Run({"dissipation", file, "--test", "1", "--ch", "--u100", "10"}).status, 2) << "--u0 is needed";
+  EXPECT_EQ(Run({"dissipation", file, "--test", "1", "--ch", "--u100", "10", "--root-time", "--filter", "u3"}).status,
+            2);
+  run = Run({"dissipation", file, "--test", "1", "--ch", "--u100", "10", "--root-time", "--cone-area", "0"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err, "! Please enter a valid cone area\n");
 }
 
 TEST_F(CliDissipationTest, PlotsAPictureOrAPage) {

@@ -40,6 +40,22 @@ TEST_F(CliSeismicTest, JsonViewOfASmallSounding) {
   test::ExpectGolden(run.out, "cli/seismic_small.expected.json");
 }
 
+TEST_F(CliSeismicTest, CrossCorrelatedVelocitiesAsCsvButNotForALog) {
+  // Records of 2 ms hold nothing past the 5 ms the correlation skips by default.
+  CliRun run = Run({"seismic", SmallSei(), "--xcorr"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, "test,depth,referenceTest,kind,lagSamples,lagTime,coefficient,trueVelocity\n"
+                     "2,3.0,1,A,0.0,0.0,0.0,0.0\n3,4.0,2,A,0.0,0.0,0.0,0.0\n");
+  EXPECT_EQ(run.err, "! NO CORRELATION BETWEEN TESTS 1 AND 2\n! NO CORRELATION BETWEEN TESTS 2 AND 3\n");
+  run = Run({"seismic", SmallSei(), "--xcorr", "--xcorr-kind", "B", "--xcorr-skip", "0"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "");
+  // Rising ramps match best at the shortest lag: 1 m of depth in 0.1 ms.
+  EXPECT_NE(run.out.find("\n2,3.0,1,B,1.0,0.1,"), std::string::npos) << run.out;
+  EXPECT_EQ(Run({"seismic", test::SamplesDirectory() + "/SCPT-C12.SLG", "--xcorr"}).status, 2);
+  EXPECT_EQ(Run({"seismic", SmallSei(), "--xcorr-skip", "2"}).status, 2);
+}
+
 TEST_F(CliSeismicTest, OperationsRunInOrderAndTheVelocitiesFollow) {
   const std::string file = SmallSei();
   const CliRun run = Run({"--yes", "seismic", file, "--hammer-distance", "1", "--reset", "2", "--pick", "2:B:11",
