@@ -245,6 +245,8 @@ bool DissipationEditor::EditCell(int test, int row, DissipationCell cell, std::s
       }
       break;
   }
+  // A T50 or ch worked out from the old readings no longer describes the test.
+  set.LastConsolidation[At(test)] = ConsolidationResult{};
   Recompute(test);
   changed_ = true;
   return true;
@@ -281,6 +283,8 @@ void DissipationEditor::ChangePressureUnit(int choice) {
       set.RowPressure(i, k) = ToSingle(set.RowPressure(i, k) * ratio);
     }
   }
+  // The pressures kept with each T50 were in the old unit.
+  set.LastConsolidation.fill(ConsolidationResult{});
   RecomputeAll();
   changed_ = true;
 }
