@@ -20,6 +20,21 @@ std::vector<double> Centred(const SeismicStore& s, int slot, int n) {
   return wave;
 }
 
+// The sum of a[k] * b[k] over n terms, in four running sums so the loop keeps the processor's
+// pipelines full: a full record of 30000 samples is correlated at up to 1000 lags per pair.
+double ProductSum(const double* a, const double* b, int n) {
+  double s0 = 0, s1 = 0, s2 = 0, s3 = 0;
+  int k = 0;
+  for (; k + 4 <= n; k += 4) {
+    s0 += a[k] * b[k];
+    s1 += a[k + 1] * b[k + 1];
+    s2 += a[k + 2] * b[k + 2];
+    s3 += a[k + 3] * b[k + 3];
+  }
+  for (; k < n; ++k) s0 += a[k] * b[k];
+  return (s0 + s1) + (s2 + s3);
+}
+
 struct PairResult {
   bool correlated = false;
   double lag_samples = 0;
@@ -37,9 +52,9 @@ PairResult Correlate(const std::vector<double>& x, const std::vector<double>& y,
   std::vector<double> c(static_cast<size_t>(max_lag) + 1, 0.0);
   int best = 1;
   for (int lag = 1; lag <= max_lag; ++lag) {
-    double sum = 0;
-    for (int s = first; s + lag <= last; ++s) sum += at(x, s) * at(y, s + lag);
-    c[static_cast<size_t>(lag)] = sum / (last - lag - first + 1);
+    c[static_cast<size_t>(lag)] = ProductSum(&x[static_cast<size_t>(first - 1)],
+                                             &y[static_cast<size_t>(first - 1 + lag)], last - lag - first + 1) /
+                                  (last - lag - first + 1);
     if (c[static_cast<size_t>(lag)] > c[static_cast<size_t>(best)]) best = lag;
   }
   const double peak = c[static_cast<size_t>(best)];
