@@ -114,7 +114,8 @@ bool ReadChInputs(const std::string& rigidity_index, const std::string& cone_are
       return 0.0;
     }
   };
-  ChInputs read_inputs{read(rigidity_index), read(cone_area_cm2), filter == kFilterU1 ? kFilterU1 : kFilterU2};
+  ChInputs read_inputs{read(rigidity_index), read(cone_area_cm2),
+                       filter == kFilterU1 ? kFilterU1 : kFilterU2};
   if (!CheckChInputs(read_inputs, prompts)) return false;
   inputs = read_inputs;
   return true;

@@ -52,9 +52,10 @@ PairResult Correlate(const std::vector<double>& x, const std::vector<double>& y,
   std::vector<double> c(static_cast<size_t>(max_lag) + 1, 0.0);
   int best = 1;
   for (int lag = 1; lag <= max_lag; ++lag) {
-    c[static_cast<size_t>(lag)] = ProductSum(&x[static_cast<size_t>(first - 1)],
-                                             &y[static_cast<size_t>(first - 1 + lag)], last - lag - first + 1) /
-                                  (last - lag - first + 1);
+    c[static_cast<size_t>(lag)] =
+        ProductSum(&x[static_cast<size_t>(first - 1)], &y[static_cast<size_t>(first - 1 + lag)],
+                   last - lag - first + 1) /
+        (last - lag - first + 1);
     if (c[static_cast<size_t>(lag)] > c[static_cast<size_t>(best)]) best = lag;
   }
   const double peak = c[static_cast<size_t>(best)];
@@ -115,7 +116,8 @@ void CrossCorrelateTests(SeismicStore& s, UserPrompts& prompts, const XcorrOptio
            (s.StrikeTime(slot_x, first) < options.skip_ms || s.StrikeTime(slot_y, first) < options.skip_ms)) {
       ++first;
     }
-    const PairResult found = Correlate(Centred(s, slot_x, last), Centred(s, slot_y, last), first, last, interval);
+    const PairResult found =
+        Correlate(Centred(s, slot_x, last), Centred(s, slot_y, last), first, last, interval);
     if (!found.correlated) {
       prompts.Tell("NO CORRELATION BETWEEN TESTS " + pair);
       continue;
