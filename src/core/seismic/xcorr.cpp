@@ -110,7 +110,8 @@ void CrossCorrelateTests(SeismicStore& s, UserPrompts& prompts, const XcorrOptio
       continue;
     }
     const int slot_x = StrikeSlot(kind, r), slot_y = StrikeSlot(kind, i);
-    const int last = std::min({s.SampleCount[slot_x], s.SampleCount[slot_y], kMaxStrikeSamples});
+    // A count a damaged file left below 0 has no samples.
+    const int last = std::max(0, std::min({s.SampleCount[slot_x], s.SampleCount[slot_y], kMaxStrikeSamples}));
     int first = 1;
     while (first <= last &&
            (s.StrikeTime(slot_x, first) < options.skip_ms || s.StrikeTime(slot_y, first) < options.skip_ms)) {
