@@ -76,6 +76,8 @@ std::optional<AgsInputs> GatherAgsInputs(Session& session, UserPrompts& prompts,
     }
     const DissipationSet& set = session.Dissipation();
     std::vector<int> tests;
+    // A test the file does not hold is an index past its bound.
+    if (added.test < 0 || added.test > set.DissipationCount) Fail(kErrSubscript, "ExportAgsFile");
     if (added.test != 0) tests.push_back(added.test);
     const auto found = AgsDissipationTests(set, tests, DissipationKilopascalsPerUnit(set, session.units));
     inputs.dissipations.insert(inputs.dissipations.end(), found.begin(), found.end());
