@@ -1,5 +1,6 @@
 // The AGS4 export: every edition checked by a validator of the format's rules, values read back
 // against the store, the repeated depth rule, the seismic message and conversions worked by hand.
+#include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -111,15 +112,28 @@ const AgsGroup* Find(const std::vector<AgsGroup>& groups, const std::string& nam
   return nullptr;
 }
 
-bool MatchesType(const std::string& value, const std::string& type, const std::string& unit) {
+// The text a value of the type must have; each pattern is compiled once.
+const std::regex& PatternOfType(const std::string& type, const std::string& unit) {
+  static std::map<std::string, std::regex> compiled;
+  const std::string key = type + "|" + unit;
+  auto found = compiled.find(key);
+  if (found != compiled.end()) return found->second;
   const int decimals = AgsDecimals(type);
+  std::string pattern = ".*";
   if (IsAgsScientific(type)) {
-    return std::regex_match(value, std::regex("-?\\d\\.\\d{" + std::to_string(decimals) + "}E[+-]\\d{2,3}"));
+    pattern = "-?\\d\\.\\d{" + std::to_string(decimals) + "}E[+-]\\d{2,3}";
+  } else if (decimals == 0) {
+    pattern = "-?\\d+";
+  } else if (decimals > 0) {
+    pattern = "-?\\d+\\.\\d{" + std::to_string(decimals) + "}";
+  } else if (type == "DT" && unit == "yyyy-mm-dd") {
+    pattern = "\\d{4}-\\d{2}-\\d{2}";
   }
-  if (decimals == 0) return std::regex_match(value, std::regex("-?\\d+"));
-  if (decimals > 0) return std::regex_match(value, std::regex("-?\\d+\\.\\d{" + std::to_string(decimals) + "}"));
-  if (type == "DT" && unit == "yyyy-mm-dd") return std::regex_match(value, std::regex("\\d{4}-\\d{2}-\\d{2}"));
-  return true;
+  return compiled.emplace(key, std::regex(pattern)).first->second;
+}
+
+bool MatchesType(const std::string& value, const std::string& type, const std::string& unit) {
+  return std::regex_match(value, PatternOfType(type, unit));
 }
 
 // The rules of the format against the edition's dictionary.
@@ -252,6 +266,26 @@ TEST_F(AgsExportTest, EveryEditionFollowsItsDictionary) {
     }
     EXPECT_EQ(out.notes.empty(), edition42);
   }
+}
+
+// The validator itself: a file spoilt in one place fails with the rule it breaks.
+std::string broken_file;
+TEST_F(AgsExportTest, TheValidatorCatchesASpoiltFile) {
+  OpenDemo();
+  const std::string good = RenderAgs(*t.session, Inputs(AgsVersion::k411)).bytes;
+  auto spoil = [&good](const std::string& from, const std::string& to) {
+    broken_file = good;
+    const size_t at = broken_file.find(from);
+    if (at != std::string::npos) broken_file.replace(at, from.size(), to);
+  };
+  spoil("\"0.800\"", "\"0.8\"");
+  EXPECT_NONFATAL_FAILURE(ExpectValidAgs(broken_file, AgsVersion::k411), "SCPG_CAR = 0.8");
+  spoil("\"DATA\",\"m\",\"metre\"\r\n", "");
+  EXPECT_NONFATAL_FAILURE(ExpectValidAgs(broken_file, AgsVersion::k411), "UNIT lists exactly the units used");
+  spoil("\"SCPT_SLP1\",\"SCPT_SLP2\"", "\"SCPT_SLP2\",\"SCPT_SLP1\"");
+  EXPECT_NONFATAL_FAILURE(ExpectValidAgs(broken_file, AgsVersion::k411), "out of the dictionary's order");
+  spoil("\"Final\"", "\"\"");
+  EXPECT_NONFATAL_FAILURE(ExpectValidAgs(broken_file, AgsVersion::k411), "TRAN.TRAN_STAT needs a value");
 }
 
 TEST_F(AgsExportTest, ValuesReadBackAtTheirTypesPrecisionAndAMissingReadingIsEmpty) {
