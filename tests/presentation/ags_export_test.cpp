@@ -9,7 +9,10 @@
 #include <set>
 
 #include "core/dissipation/export_consolidation.h"
+#include "core/common/file_access.h"
 #include "core/io/dat_reader.h"
+#include "core/multisounding/batch_export.h"
+#include "core/multisounding/set_model.h"
 #include "core/presentation/ags_export.h"
 #include "support/test_support.h"
 
@@ -369,6 +372,22 @@ TEST_F(AgsExportTest, ConversionsWorkedByHand) {
   groups = ExpectValidAgs(RenderAgs(*t.session, inputs).bytes, AgsVersion::k42);
   EXPECT_EQ(Find(groups, "CPTG")->At(0, "CPTG_CSA"), "1500.0");
   EXPECT_EQ(Find(groups, "CPDG")->At(0, "CPDG_IR"), "100.0");
+}
+
+TEST_F(AgsExportTest, TheBatchWritesOneFilePerSoundingAndKeepsTheEdition) {
+  test::TempDirectory in, out;
+  in.Write("A.DAT", test::SimpleDat(5).Bytes());
+  in.Write("P.CPT", test::SimpleCpt(4).Bytes());
+  ASSERT_EQ(LoadSetFiles(*t.session, t.prompts, {in.File("A.DAT"), in.File("P.CPT")}), SetLoadOutcome::kLoaded);
+  BatchSettings b;
+  b.ListAgs = true;
+  b.AgsEdition = AgsVersion::k42;
+  EXPECT_EQ(RunBatchExport(*t.session, t.prompts, b, {out.Path(), {}, {}, {}}).written, 2);
+  ExpectValidAgs(ReadWholeFile(out.File("A.ags")), AgsVersion::k42);
+  ExpectValidAgs(ReadWholeFile(out.File("P.ags")), AgsVersion::k42);
+  const BatchSettings kept = ReadBatchSettings(*t.session);
+  EXPECT_TRUE(kept.ListAgs);
+  EXPECT_EQ(kept.AgsEdition, AgsVersion::k42);
 }
 
 // 100, 80, 60, 40 at 0, 10, 20, 30 s without a water table: U50 = 50 is crossed at 25 s, and ch =

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <chrono>
 #include <set>
 #include <utility>
 
@@ -561,6 +562,14 @@ AgsSeismic AgsSeismicOf(const SeismicStore& store) {
     }
   }
   return seismic;
+}
+
+std::string TodayIso() {
+  const auto today = std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
+  const std::chrono::year_month_day date{today};
+  return FormatNumber(static_cast<int>(date.year()), "0000") + "-" +
+         FormatNumber(static_cast<unsigned>(date.month()), "00") + "-" +
+         FormatNumber(static_cast<unsigned>(date.day()), "00");
 }
 
 std::string SeismicNotInVersionText(AgsVersion version) {

@@ -73,6 +73,9 @@ double KilopascalValue(const SoundingStore& s, const UnitTables& units, int row,
 // the user sees and not the binary fraction behind it.
 double DecimalValue(float value);
 
+// Today as TRAN_DATE wants it, yyyy-mm-dd.
+std::string TodayIso();
+
 // "AGS4 Files (*.ags)|*.ags"
 inline constexpr const char* kAgsFilter = "AGS4 Files (*.ags)|*.ags";
 // "SEISMIC TESTS ARE NOT PART OF AGS 4.1.1; CHOOSE 4.2 TO INCLUDE THEM"

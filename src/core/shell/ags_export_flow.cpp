@@ -1,10 +1,7 @@
 // The AGS4 export's files: the added dissipation and seismic files, then the save.
 #include "core/shell/ags_export_flow.h"
 
-#include <chrono>
-
 #include "core/common/file_access.h"
-#include "core/common/number_format.h"
 #include "core/common/number_read.h"
 #include "core/common/text_rules.h"
 #include "core/common/runtime_failure.h"
@@ -51,14 +48,6 @@ std::optional<AgsExportChoice> AgsChoiceFromBoxes(const std::string& version, co
   for (const std::string& path : dissipations) choice.dissipations.push_back({path, 0});
   choice.seismic_path = std::string(TrimBlanks(seismic));
   return choice;
-}
-
-std::string TodayIso() {
-  const auto today = std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
-  const std::chrono::year_month_day date{today};
-  return FormatNumber(static_cast<int>(date.year()), "0000") + "-" +
-         FormatNumber(static_cast<unsigned>(date.month()), "00") + "-" +
-         FormatNumber(static_cast<unsigned>(date.day()), "00");
 }
 
 std::optional<AgsInputs> GatherAgsInputs(Session& session, UserPrompts& prompts, SeismicDialogs& dialogs,

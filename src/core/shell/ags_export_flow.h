@@ -37,9 +37,6 @@ std::optional<AgsExportChoice> AgsChoiceFromBoxes(const std::string& version, co
                                                   const std::string& seismic, const std::string& rigidity_index,
                                                   const std::string& cone_area, UserPrompts& prompts);
 
-// Today as TRAN_DATE wants it, yyyy-mm-dd.
-std::string TodayIso();
-
 // The inputs of the file. The session's current dissipation file keeps the T50 and ch last worked
 // out for its tests; any other file is opened as the dissipation mode opens it and each test gets
 // T50 for U0 = its largest pressure and U100 = its hydrostatic pressure, and ch for choice.ch.

@@ -29,8 +29,8 @@ FrmAgsExport::FrmAgsExport(Session& session, UserPrompts& prompts, QWidget* pare
   auto* layout = new QVBoxLayout(this);
   auto* form = new QFormLayout;
   cmbAgsVersion = Named(new QComboBox(this), "cmbAgsVersion");
-  for (AgsVersion version : AgsVersions()) cmbAgsVersion->addItem(ToQString(std::string(AgsVersionText(version))));
-  cmbAgsVersion->setCurrentText(ToQString(std::string(AgsVersionText(kDefaultAgsVersion))));
+  for (AgsVersion version : AgsVersions()) cmbAgsVersion->addItem(ToQString(AgsVersionText(version)));
+  cmbAgsVersion->setCurrentText(ToQString(AgsVersionText(kDefaultAgsVersion)));
   form->addRow("AGS version", cmbAgsVersion);
   layout->addLayout(form);
 
