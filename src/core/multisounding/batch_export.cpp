@@ -111,11 +111,16 @@ BatchSettings ReadBatchSettings(const Session& session) {
 void WriteBatchSettings(const Session& session, const BatchSettings& b) {
   const int words[] = {b.PrintDepthPlots, b.PrintList, b.ListTxt, b.IncludeHeaderTxt, b.ListCsv,
                        b.IncludeHeaderCsv, b.ListCor, b.IncludeHeaderCor, b.ListEcp, b.EcpUnit,
-                       b.ListGin, b.GinUnit, b.AutoFilenaming, b.ListAgs,
-                       static_cast<int>(std::find(AgsVersions().begin(), AgsVersions().end(), b.AgsEdition) -
-                                        AgsVersions().begin())};
+                       b.ListGin, b.GinUnit, b.AutoFilenaming};
   std::string text;
   for (int word : words) text += std::to_string(word) + "\r\n";
+  // The AGS4 step's two words follow only when it was used, so the file stays as earlier versions
+  // wrote it for everyone else.
+  if (b.ListAgs || b.AgsEdition != kDefaultAgsVersion) {
+    const auto& editions = AgsVersions();
+    const auto edition = std::find(editions.begin(), editions.end(), b.AgsEdition) - editions.begin();
+    text += std::to_string(b.ListAgs ? 1 : 0) + "\r\n" + std::to_string(edition) + "\r\n";
+  }
   WriteFileAtomically(session.SettingsPath(kSettingsFile), text);
 }
 
