@@ -347,7 +347,8 @@ TEST_F(AgsExportTest, SeismicTestsNeedTheEditionOf2024) {
 }
 
 // Worked by hand: 1234.5 kPa is 1.2345 MPa, "1.235" at three decimals; 100 psi of 6894.7573 Pa is
-// 0.68947573 MPa; ch 1e-6 m2/s is 31.5576 m2/yr; 0.0015 m2 is 15 cm2 and 1500 mm2.
+// 0.68947573 MPa; ch 1e-6 m2/s is 31.5576 m2/yr ("3.16E+01", or "31.6" in 4.0.x); 0.0015 m2 is
+// 15 cm2 and 1500 mm2.
 TEST_F(AgsExportTest, ConversionsWorkedByHand) {
   test::CptFile file = test::SimpleCpt(1);
   ASSERT_EQ(test::OpenSounding(t, file), ReadOutcome::kLoaded);
@@ -368,6 +369,12 @@ TEST_F(AgsExportTest, ConversionsWorkedByHand) {
   EXPECT_EQ(Find(groups, "SCPG")->At(0, "SCPG_CSA"), "15");
   EXPECT_EQ(Find(groups, "SCDG")->rows[0],
             (std::vector<std::string>{"CPT-T01", "1", "5.20", "0.028", "50", "25.0", "3.16E+01", "Teh and Houlsby (1991)"}));
+  // 4.0.x keeps whole seconds for T50, one decimal for ch and for the net area ratio.
+  inputs.version = AgsVersion::k404;
+  groups = ExpectValidAgs(RenderAgs(*t.session, inputs).bytes, AgsVersion::k404);
+  EXPECT_EQ(Find(groups, "SCDG")->At(0, "SCDG_T"), "25");
+  EXPECT_EQ(Find(groups, "SCDG")->At(0, "SCDG_CH"), "31.6");
+  EXPECT_EQ(Find(groups, "SCPG")->At(0, "SCPG_CAR"), "0.8");
   inputs.version = AgsVersion::k42;
   groups = ExpectValidAgs(RenderAgs(*t.session, inputs).bytes, AgsVersion::k42);
   EXPECT_EQ(Find(groups, "CPTG")->At(0, "CPTG_CSA"), "1500.0");
