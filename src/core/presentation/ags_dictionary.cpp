@@ -124,15 +124,12 @@ Dictionary Build(AgsVersion version) {
   AddStaticConeGroups(d);
   if (version == AgsVersion::k403 || version == AgsVersion::k404) {
     // 4.0.x: one decimal for the net area ratio and for ch, whole seconds for T50 and in the
-    // dissipation data, "degC" as the temperature unit, and the two record link characters
-    // required in TRAN.
+    // dissipation data, and "degC" as the temperature unit.
     Change(d, "SCPG", "SCPG_CAR", "1DP", "");
     Change(d, "SCDG", "SCDG_T", "0DP", "s");
     Change(d, "SCDG", "SCDG_CH", "1DP", "m2/yr");
     Change(d, "SCDT", "SCDT_SECS", "0DP", "s");
     Change(d, "SCPT", "SCPT_TEMP", "4DP", "degC");
-    ChangeStatus(d, "TRAN", "TRAN_DLIM", kRequired);
-    ChangeStatus(d, "TRAN", "TRAN_RCON", kRequired);
   }
   return d;
 }
