@@ -52,10 +52,10 @@ TEST_F(CliAgsTest, AddedTestsCarryTheirT50AndChForTheGivenConeAndRigidity) {
   EXPECT_NE(kept.err.find("? File exists. Overwrite? -> No"), std::string::npos);
   EXPECT_EQ(DataOf(ReadWholeFile(out), "SCDG").size(), 1u) << "the file was kept";
 
-  const test::CliRun beyond = Run({"export", samples + "/CPT-A01.DAT", "--format", "ags", "-o", out, "--yes",
+  const test::CliRun past_end = Run({"export", samples + "/CPT-A01.DAT", "--format", "ags", "-o", out, "--yes",
                                    "--with-dissipation", samples + "/DIS-A01.DIS:99"});
-  EXPECT_EQ(beyond.status, 1);
-  EXPECT_NE(beyond.err.find("Subscript out of range"), std::string::npos) << beyond.err;
+  EXPECT_EQ(past_end.status, 1);
+  EXPECT_NE(past_end.err.find("Subscript out of range"), std::string::npos) << past_end.err;
 }
 
 TEST_F(CliAgsTest, OptionsThatDoNotFitTheFormatAreBadUsage) {
