@@ -6,6 +6,7 @@
 #include <map>
 #include <optional>
 
+#include "app/cli_ags.h"
 #include "app/cli_dissipation.h"
 #include "app/cli_edit.h"
 #include "app/cli_globals.h"
@@ -42,6 +43,8 @@ constexpr const char* kUsage =
     "                    channels FILE [--kind K | --mirror M | --unaligned | --raw]\n"
     "                    export FILE --format txt|csv|cor|ecp|gin -o OUT [--channel NAME]... [--no-header]\n"
     "                           [--unit psi|tsf|kpa|mpa] [--elevation] [--unadjusted]\n"
+    "                    export FILE --format ags -o OUT [--ags-version V] [--with-dissipation DFILE[:TEST]]...\n"
+    "                           [--with-seismic SFILE] [--ir IR] [--cone-area CM2]\n"
     "                    plot FILE -o OUT.png|OUT.pdf [--channel NAME]... [--width W --height H] [--grid]\n"
     "                         [--elevation]\n"
     "                    dissipation FILE [--test N --t50 --u0 U0 --u100 U100]\n"
@@ -82,6 +85,7 @@ struct Options : GlobalOptions {
   std::string unit;
   bool unadjusted = false;
   DissipationOptions dissipation;
+  AgsCliOptions ags;
 };
 
 
@@ -117,6 +121,8 @@ Options Parse(const std::vector<std::string>& args) {
     else if (a == "--unit") o.unit = value();
     else if (a == "--unadjusted") o.unadjusted = true;
     else if (a == "--elevation") o.elevation = true;
+    // The dissipation subcommand has options of the same names for its own ch.
+    else if ((o.positional.empty() || o.positional[0] != "dissipation") && ParseAgsOption(a, value, o.ags)) continue;
     else if (ParseDissipationOption(a, value, o.dissipation)) continue;
     else if (a.starts_with("--")) throw UsageError("unknown option " + a);
     else o.positional.push_back(a);
@@ -170,6 +176,7 @@ Json InfoJson(const SoundingStore& s) {
 // Writes the list's export files for the chosen channels.
 int RunExport(Session& session, ShellController& controller, CliPrompts& prompts, const Options& options,
               std::ostream& err) {
+  if (options.format == "ags") return RunAgsExport(session, prompts, options.ags, options.out, err, kUsage);
   if (!ChooseChannels(controller, options.channel_names, 30, err, kUsage)) return 2;
   // As the list's save: an existing file is kept unless the question is answered Yes (--yes).
   if (FileExists(options.out) && prompts.Ask("File exists. Overwrite?", Buttons::kYesNo) != Answer::kYes) return 0;
@@ -325,7 +332,7 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
     const bool plot_options = options.width || options.height || options.grid;
     if (command != "plot" && plot_options) throw UsageError(command + " takes no plot options");
     const bool export_options = !options.format.empty() || options.no_header || !options.unit.empty() ||
-                                options.unadjusted;
+                                options.unadjusted || options.ags.Any();
     if (command != "export" && export_options) throw UsageError(command + " takes no export options");
     if ((command == "info" || command == "channels") &&
         (!options.out.empty() || !options.channel_names.empty() || options.elevation)) {
@@ -333,8 +340,16 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
     }
     if (command == "export") {
       if (options.format != "txt" && options.format != "csv" && options.format != "cor" && options.format != "gin" &&
-          options.format != "ecp") {
-        throw UsageError("export takes --format txt, csv, cor, ecp or gin");
+          options.format != "ecp" && options.format != "ags") {
+        throw UsageError("export takes --format txt, csv, cor, ecp, gin or ags");
+      }
+      if (options.format == "ags") {
+        if (!options.channel_names.empty() || !options.unit.empty() || options.no_header) {
+          throw UsageError("--channel, --unit and --no-header do not apply to --format ags");
+        }
+        if (const std::string error = AgsUsageError(options.ags); !error.empty()) throw UsageError(error);
+      } else if (options.ags.Any()) {
+        throw UsageError("--ags-version, --with-dissipation, --with-seismic, --ir and --cone-area are for --format ags");
       }
       if (options.out.empty()) throw UsageError("export writes -o OUT");
       if (!options.unit.empty() && options.unit != "psi" && options.unit != "tsf" && options.unit != "kpa" &&

@@ -9,6 +9,7 @@
 #include "core/common/file_access.h"
 #include "core/common/runtime_failure.h"
 #include "core/multisounding/set_model.h"
+#include "core/presentation/ags_export.h"
 #include "core/presentation/ecp_list.h"
 #include "core/presentation/sounding_exports.h"
 #include "core/presentation/sounding_list.h"
@@ -21,7 +22,7 @@ namespace {
 
 constexpr const char* kSettingsFile = "batch export settings.txt";
 
-enum class Step { kPlot, kList, kTxt, kCsv, kCor, kEcp, kGin };
+enum class Step { kPlot, kList, kTxt, kCsv, kCor, kEcp, kGin, kAgs };
 
 struct StepOf {
   Step step;
@@ -37,6 +38,7 @@ std::vector<StepOf> TickedSteps(const BatchSettings& b) {
   if (b.ListCor) steps.push_back({Step::kCor, ".cor"});
   if (b.ListEcp) steps.push_back({Step::kEcp, ".ecp"});
   if (b.ListGin) steps.push_back({Step::kGin, ".gIN"});
+  if (b.ListAgs) steps.push_back({Step::kAgs, ".ags"});
   return steps;
 }
 
@@ -95,7 +97,14 @@ BatchSettings ReadBatchSettings(const Session& session) {
   }
   b = {words[0] != 0, words[1] != 0, words[2] != 0,  words[3] != 0, words[4] != 0,
        words[5] != 0, words[6] != 0, words[7] != 0,  words[8] != 0, std::clamp(words[9], 1, 4),
-       words[10] != 0, std::clamp(words[11], 1, 4), words[12] != 0};
+       words[10] != 0, std::clamp(words[11], 1, 4), words[12] != 0, false, kDefaultAgsVersion};
+  // A file written before the AGS4 step ends here and leaves it unticked.
+  int ags = 0, edition = 0;
+  if (in >> ags >> edition) {
+    const auto& editions = AgsVersions();
+    b.ListAgs = ags != 0;
+    b.AgsEdition = editions[static_cast<size_t>(std::clamp(edition, 0, static_cast<int>(editions.size()) - 1))];
+  }
   return b;
 }
 
@@ -105,6 +114,13 @@ void WriteBatchSettings(const Session& session, const BatchSettings& b) {
                        b.ListGin, b.GinUnit, b.AutoFilenaming};
   std::string text;
   for (int word : words) text += std::to_string(word) + "\r\n";
+  // The AGS4 step's two words follow only when it was used, so the file stays as earlier versions
+  // wrote it for everyone else.
+  if (b.ListAgs || b.AgsEdition != kDefaultAgsVersion) {
+    const auto& editions = AgsVersions();
+    const auto edition = std::find(editions.begin(), editions.end(), b.AgsEdition) - editions.begin();
+    text += std::to_string(b.ListAgs ? 1 : 0) + "\r\n" + std::to_string(edition) + "\r\n";
+  }
   WriteFileAtomically(session.SettingsPath(kSettingsFile), text);
 }
 
@@ -134,7 +150,7 @@ BatchReport RunBatchExport(Session& session, UserPrompts& prompts, const BatchSe
       const SoundingStore& s = session.Sounding();
       const std::string target = BatchTarget(run.directory, s.SoundingPath, step.ending);
       const std::vector<int> channels = TestChannels(s, run.channels);
-      if (channels.empty() && step.step != Step::kGin) {
+      if (channels.empty() && step.step != Step::kGin && step.step != Step::kAgs) {
         prompts.Tell("Select parameter(s) first !");
         ++report.skipped;
         continue;
@@ -148,6 +164,14 @@ BatchReport RunBatchExport(Session& session, UserPrompts& prompts, const BatchSe
         if (step.step == Step::kPlot || step.step == Step::kList) {
           ok = run.print && run.print(step.step == Step::kPlot ? BatchPrint::kPlot : BatchPrint::kList, channels, target);
           if (!ok) Fail(kErrPathAccess, "mnuPrint");
+        } else if (step.step == Step::kAgs) {
+          AgsInputs inputs;
+          inputs.version = settings.AgsEdition;
+          inputs.date = TodayIso();
+          const AgsRendering rendering = RenderAgs(session, inputs);
+          for (const std::string& note : rendering.notes) prompts.Tell(note);
+          WriteFileAtomically(target, rendering.bytes);
+          ok = true;
         } else {
           WriteFileAtomically(target, Render(session, settings, step.step, channels));
           ok = true;

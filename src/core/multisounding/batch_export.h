@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/common/user_prompts.h"
+#include "core/presentation/ags_dictionary.h"
 
 namespace marlview {
 
@@ -29,6 +30,9 @@ struct BatchSettings {
   bool ListGin = false;
   int GinUnit = 1;
   bool AutoFilenaming = true;
+  // The AGS4 file of each sounding, in the chosen edition; kept after the older words of the file.
+  bool ListAgs = false;
+  AgsVersion AgsEdition = kDefaultAgsVersion;
 };
 
 // "batch export settings.txt": one word a control; a file that cannot be read leaves the defaults.

@@ -305,6 +305,16 @@ FrmBatchExport::FrmBatchExport(Session& session, UserPrompts& prompts, std::vect
                      {"optECPPSI", "optECPTSF", "optECPMPA", "optECPKPA"});
   chkListgIN = units("chkListgIN", "gIN File", {&optgINPSI, &optgINTSF, &optgINMPA, &optgINKPA},
                      {"optgINPSI", "optgINTSF", "optgINMPA", "optgINKPA"});
+  {
+    auto* row = new QHBoxLayout;
+    chkListAGS = Named(new QCheckBox("AGS4 File", this), "chkListAGS");
+    cmbAgsVersion = Named(new QComboBox(this), "cmbAgsVersion");
+    for (AgsVersion version : AgsVersions()) cmbAgsVersion->addItem(ToQString(AgsVersionText(version)));
+    row->addWidget(chkListAGS);
+    row->addWidget(cmbAgsVersion);
+    row->addStretch(1);
+    layout->addLayout(row);
+  }
   chkAutoFilenaming = box("chkAutoFilenaming", "Automatic File Naming");
   auto* folder_row = new QHBoxLayout;
   folder_row->addWidget(new QLabel("Folder:", this));
@@ -333,6 +343,8 @@ FrmBatchExport::FrmBatchExport(Session& session, UserPrompts& prompts, std::vect
   (b.EcpUnit == 2 ? optECPTSF : b.EcpUnit == 3 ? optECPMPA : b.EcpUnit == 4 ? optECPKPA : optECPPSI)->setChecked(true);
   chkListgIN->setChecked(b.ListGin);
   (b.GinUnit == 2 ? optgINTSF : b.GinUnit == 3 ? optgINMPA : b.GinUnit == 4 ? optgINKPA : optgINPSI)->setChecked(true);
+  chkListAGS->setChecked(b.ListAgs);
+  cmbAgsVersion->setCurrentText(ToQString(AgsVersionText(b.AgsEdition)));
   chkAutoFilenaming->setChecked(b.AutoFilenaming);
   // The exports go beside the first ticked sounding unless another folder is chosen.
   const std::vector<int> tests = SelectedTests(session_);
@@ -370,6 +382,8 @@ BatchSettings FrmBatchExport::Settings() const {
   b.EcpUnit = optECPTSF->isChecked() ? 2 : optECPMPA->isChecked() ? 3 : optECPKPA->isChecked() ? 4 : 1;
   b.ListGin = chkListgIN->isChecked();
   b.GinUnit = optgINTSF->isChecked() ? 2 : optgINMPA->isChecked() ? 3 : optgINKPA->isChecked() ? 4 : 1;
+  b.ListAgs = chkListAGS->isChecked();
+  b.AgsEdition = AgsVersionFromText(cmbAgsVersion->currentText().toStdString()).value_or(kDefaultAgsVersion);
   b.AutoFilenaming = chkAutoFilenaming->isChecked();
   return b;
 }

@@ -125,6 +125,8 @@ class FrmBatchExport : public QDialog {
       *chkIncludeHeaderCSV, *chkListCOR, *chkIncludeHeaderCOR, *chkListECP, *chkListgIN, *chkAutoFilenaming;
   QRadioButton *optECPPSI, *optECPTSF, *optECPMPA, *optECPKPA;
   QRadioButton *optgINPSI, *optgINTSF, *optgINMPA, *optgINKPA;
+  QCheckBox* chkListAGS;
+  QComboBox* cmbAgsVersion;
   QLineEdit* txtExportFolder;
   QPushButton* cmdBrowseFolder;
   QProgressBar* prgExport;

@@ -22,10 +22,12 @@
 #include "ui/common/named.h"
 #include "ui/common/qt_prompts.h"
 #include "ui/editing/parameter_dialogs_ui.h"
+#include "ui/presentation/ags_export_dialog.h"
 #include "ui/presentation/data_table.h"
 #include "ui/presentation/frm_enlarged_tip_graph.h"
 #include "ui/presentation/list_dialogs.h"
 #include "ui/presentation/printer_print_job.h"
+#include "ui/seismic/seismic_dialogs.h"
 
 namespace marlview {
 namespace {
@@ -102,6 +104,7 @@ void FrmSoundingData::BuildMenus() {
   mnuExportGinTSF = NamedAction(gin, "mnuExportGinTSF", "tsf");
   mnuExportGinKPA = NamedAction(gin, "mnuExportGinKPA", "kPa");
   mnuExportGinMPA = NamedAction(gin, "mnuExportGinMPA", "MPa");
+  mnuExportAgs4 = NamedAction(save, "mnuExportAgs4", "AGS4 File...");
   mnuSaveSedimaxtxtFile = NamedAction(save, "mnuSaveSedimaxtxtFile", "Save Sedimax .txt File");
   file->addSeparator();
   mnuSaveAs = NamedAction(file, "mnuSaveAs", "Save Sounding &As...");
@@ -207,6 +210,12 @@ void FrmSoundingData::Connect() {
   for (const auto& [action, unit] : gins) {
     save(action, "mnuExportGin_Click", "gIN", [this, unit = unit] { return GinExport(session_, unit); });
   }
+  Handle(mnuExportAgs4, "mnuExportAgs4_Click", [this] {
+    FrmAgsExport dialog(session_, prompts_, this);
+    if (dialog.exec() != QDialog::Accepted || !dialog.Choice()) return;
+    QtSeismicDialogs dialogs(this);
+    SaveAgsFile(session_, prompts_, dialogs, *dialog.Choice());
+  }, false);
   Handle(mnuSaveSedimaxtxtFile, "mnuSaveSedimaxtxtFile_Click", [] {}, false);
   Handle(mnuSaveAs, "mnuSaveAs_Click", [this] { ChooseAndSaveSounding(session_, prompts_, false); }, false);
   Handle(mnuExportLogDATCompatibleDATFile, "mnuExportLogDATCompatibleDATFile_Click",

@@ -53,6 +53,7 @@ class FrmSoundingData : public QMainWindow {
   QAction* mnuExportGinTSF;
   QAction* mnuExportGinKPA;
   QAction* mnuExportGinMPA;
+  QAction* mnuExportAgs4;
   QAction* mnuSaveSedimaxtxtFile;
   QAction* mnuSaveAs;
   QAction* mnuExportLogDATCompatibleDATFile;
