@@ -27,7 +27,6 @@
 #include "core/common/text_rules.h"
 #include "core/multisounding/combined_list.h"
 #include "core/multisounding/last_data_directory.h"
-#include "core/editing/parameter_dialogs.h"
 #include "core/presentation/sounding_exports.h"
 #include "core/presentation/sounding_list.h"
 #include "core/presentation/sounding_plot.h"
@@ -342,6 +341,8 @@ void FrmSetPlot::ToggleDataWindow() {
   } else {
     data_window_ = std::make_unique<FrmCombinedPlotsData>(session_, prompts_, layout_, [this] { Relayout(); }, this);
     data_window_->setWindowFlag(Qt::Tool);
+    // Hidden from its own menu, the plot's menu offers to show it again.
+    connect(data_window_->mnuHideDataScreen, &QAction::triggered, this, [this] { UpdateChecks(); });
     data_window_->show();
   }
   UpdateChecks();
