@@ -21,6 +21,7 @@
 #include "ui/editing/parameter_dialogs_ui.h"
 #include "ui/presentation/ecp_window.h"
 #include "ui/presentation/form4.h"
+#include "ui/presentation/frm_enlarged_tip_graph.h"
 
 using marlview::FrmBatchExport;
 using marlview::FrmCombinedPlotsData;
@@ -29,6 +30,15 @@ using marlview::FrmPluralSoundings;
 
 class PluralSoundingsTest : public QObject, marlview::test::MainWindowTest {
   Q_OBJECT
+
+  // Clicks button of the dialog each of the three ticked tests shows in turn, counting them.
+  template <typename Dialog>
+  void AnswerEachTest(QPushButton* Dialog::*button, int& shown) {
+    marlview::test::AnswerModal<Dialog>(this, [this, button, &shown](Dialog* dialog) {
+      QTest::mouseClick(dialog->*button, Qt::LeftButton);
+      if (++shown < 3) AnswerEachTest<Dialog>(button, shown);
+    });
+  }
 
  private slots:
   void init() { QVERIFY(StartMainWindow()); }
@@ -156,18 +166,17 @@ class PluralSoundingsTest : public QObject, marlview::test::MainWindowTest {
     window->ListWindow()->mnuExportCSVFileIncludeHeader->trigger();
     QVERIFY(marlview::ReadWholeFile(csv).starts_with("CPT DATA,TEST #1\r\n"));
 
-    // Wet density asked of each ticked test in turn, each declining to make it the default.
-    int densities = 0;
-    std::function<void()> answer_density = [&] {
-      marlview::test::AnswerModal<marlview::FrmWetDensity>(this, [&](marlview::FrmWetDensity* dialog) {
-        QTest::mouseClick(dialog->cmdOK, Qt::LeftButton);
-        if (++densities < 3) answer_density();
-      });
-    };
+    // The rod break tool and the wet density dialog shown for each ticked test in turn, the
+    // density not kept as the default.
+    int shown = 0;
+    AnswerEachTest<marlview::FrmEnlargedTipGraph>(&marlview::FrmEnlargedTipGraph::cmdDONE, shown);
+    window->ListWindow()->mnuRemoveRodBreaks->trigger();
+    QCOMPARE(shown, 3);
+    shown = 0;
     t_->prompts.Script({"No", "No", "No"});
-    answer_density();
+    AnswerEachTest<marlview::FrmWetDensity>(&marlview::FrmWetDensity::cmdOK, shown);
     window->ListWindow()->mnuWetDensity->trigger();
-    QCOMPARE(densities, 3);
+    QCOMPARE(shown, 3);
     QVERIFY(t_->prompts.ScriptUsedUp());
 
     // A batch of csv files, one per ticked test, into a folder of their own.
