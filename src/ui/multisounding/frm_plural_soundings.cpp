@@ -419,6 +419,7 @@ void FrmCombinedSoundingData::OnEachTest(const char* source, const std::function
   // The list is rebuilt even when a dialog fails part way, from whatever the tests hold.
   TellFailures(prompts_, source, [&] { ForEachSelectedTest(session_, dialog); });
   Refill();
+  if (tests_changed) tests_changed();
 }
 
 void FrmCombinedSoundingData::SaveTo(CombinedForm form, bool include_header) {
@@ -846,6 +847,9 @@ void FrmPluralSoundings::ListSounding() {
   if (!CheckSetList(session_, View(), selected_, prompts_)) return;
   list_window_ = std::make_unique<FrmCombinedSoundingData>(session_, prompts_, selected_, this);
   list_window_->put_back_current_test = [this] { PutBackCurrentTest(); };
+  list_window_->tests_changed = [this] {
+    if (plot_window_ != nullptr) plot_window_->Relayout();
+  };
   list_window_->setWindowFlag(Qt::Window);
   list_window_->show();
 }

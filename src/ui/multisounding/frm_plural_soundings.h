@@ -105,6 +105,8 @@ class FrmSetPlot : public QMainWindow {
   ~FrmSetPlot() override;
   const SetPlotLayout& Layout() const { return layout_; }
   FrmCombinedPlotsData* DataWindow() const { return data_window_.get(); }
+  // The layout made again from the set, for a change of depth unit, axis or a test's depths.
+  void Relayout();
 
   PlotPicture* picPlot;
   QLabel* lblDepth;
@@ -121,8 +123,6 @@ class FrmSetPlot : public QMainWindow {
   QAction* mnuReturn;
 
  private:
-  // The layout made again from the set, for a change of depth unit, axis or a test's depths.
-  void Relayout();
   void UpdateChecks();
   void ToggleDataWindow();
   Session& session_;
@@ -143,6 +143,8 @@ class FrmCombinedSoundingData : public QMainWindow {
   // Puts the test the set window has made current back in its slot, before the list's commands
   // make each test current in turn.
   std::function<void()> put_back_current_test;
+  // Runs once the list's commands have changed the tests, so the plot follows.
+  std::function<void()> tests_changed;
 
   QPlainTextEdit* Picture1;
   QAction* mnuSavetxtIncludeHeader;
