@@ -49,6 +49,21 @@ bool CheckCommon(const Session& session, const std::vector<std::string>& channel
   return true;
 }
 
+// While it lives the pipeline derives as for a sounding opened alone; the set's view comes back
+// after, also when a read fails.
+class SingleSoundingRules {
+ public:
+  explicit SingleSoundingRules(Session& session)
+      : session_(session), combined_(std::exchange(session.CombinedModeActive, false)) {}
+  ~SingleSoundingRules() { session_.CombinedModeActive = combined_; }
+  SingleSoundingRules(const SingleSoundingRules&) = delete;
+  SingleSoundingRules& operator=(const SingleSoundingRules&) = delete;
+
+ private:
+  Session& session_;
+  bool combined_;
+};
+
 bool CheckInterval(const Session& session, UserPrompts& prompts) {
   if (session.set.CommonDepthInterval > 0) return true;
   prompts.Tell("DEPTH INTERVAL MUST BE GREATER THAN 0");
@@ -68,11 +83,7 @@ SetLoadOutcome LoadSetFiles(Session& session, UserPrompts& prompts, const std::v
   session.RemoveSpikesAnswer = -1;
   // A file is read as its own sounding, rows and time stamps intact, whatever the set's mode: its
   // push speed is derived here once, so its batch exports are those of the sounding opened alone.
-  struct ReadAlone {
-    Session& session;
-    bool was = std::exchange(session.CombinedModeActive, false);
-    ~ReadAlone() { session.CombinedModeActive = was; }
-  } read_alone{session};
+  const SingleSoundingRules read_alone(session);
   for (const std::string& path : paths) {
     auto store = std::make_unique<SoundingStore>();
     ReadOutcome outcome = ReadOutcome::kRefused;
@@ -129,14 +140,13 @@ void SetSelectionMode(Session& session, int mode) {
 void EndSelectionMode(Session& session) { session.CombinedModeActive = false; }
 
 void DeriveSpeedsLeftEmpty(Session& session) {
-  const bool combined = std::exchange(session.CombinedModeActive, false);
+  const SingleSoundingRules alone(session);
   for (size_t t = 0; t < session.set.tests.size(); ++t) {
     const int slot = static_cast<int>(t) + 1;
     SoundingStore& s = SetStore(session, slot);
     if (s.PushSpeedDerived) continue;
     ComputeDerivedChannels(session, s, s.ChannelCount);
   }
-  session.CombinedModeActive = combined;
 }
 
 void ShiftTestDepth(Session& session, int slot, int steps) {
