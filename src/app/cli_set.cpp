@@ -15,6 +15,7 @@
 #include "core/common/text_rules.h"
 #include "core/multisounding/batch_export.h"
 #include "core/multisounding/combined_list.h"
+#include "core/multisounding/last_data_directory.h"
 #include "core/multisounding/set_model.h"
 #include "core/multisounding/set_plot.h"
 #include "core/presentation/sounding_exports.h"
@@ -221,6 +222,9 @@ bool PrintCurrent(Session& session, BatchPrint what, const std::vector<int>& cha
 }
 
 int Run(Session& session, CliPrompts& prompts, const SetOptions& o, std::ostream& out, std::ostream& err) {
+  // The load dialog opens in the folder of the last load and tells what of it is gone; the FILEs
+  // name their own folders, and the file is left as it was.
+  ReadLastDataDirectory(session, prompts, "/");
   if (LoadSetFiles(session, prompts, o.files, {o.water_table}) != SetLoadOutcome::kLoaded) return 1;
   if (!o.tests.empty()) {
     for (SetTest& test : session.set.tests) test.selected = false;

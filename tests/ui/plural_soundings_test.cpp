@@ -1,6 +1,9 @@
 // PROCESS MULTIPLE SOUNDINGS offscreen: the demo set loaded through the load dialog, three tests
-// ticked, both plot modes drawn, a combined csv saved and a batch export run into a folder.
+// ticked, both plot modes drawn with their view menus and depth adjustment, the ECP list and the
+// editor of a test, the list's density command over the ticked tests, a combined csv saved and a
+// batch export run into a folder.
 #include <QCheckBox>
+#include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QProgressBar>
@@ -14,14 +17,28 @@
 #include "core/common/file_access.h"
 #include "support/qt_test_support.h"
 #include "ui/multisounding/frm_plural_soundings.h"
+#include "ui/editing/frm_edit.h"
+#include "ui/editing/parameter_dialogs_ui.h"
+#include "ui/presentation/ecp_window.h"
 #include "ui/presentation/form4.h"
+#include "ui/presentation/frm_enlarged_tip_graph.h"
 
 using marlview::FrmBatchExport;
+using marlview::FrmCombinedPlotsData;
 using marlview::FrmLoadMultipleSoundings;
 using marlview::FrmPluralSoundings;
 
 class PluralSoundingsTest : public QObject, marlview::test::MainWindowTest {
   Q_OBJECT
+
+  // Clicks button of the dialog each of the three ticked tests shows in turn, counting them.
+  template <typename Dialog>
+  void AnswerEachTest(QPushButton* Dialog::*button, int& shown) {
+    marlview::test::AnswerModal<Dialog>(this, [this, button, &shown](Dialog* dialog) {
+      QTest::mouseClick(dialog->*button, Qt::LeftButton);
+      if (++shown < 3) AnswerEachTest<Dialog>(button, shown);
+    });
+  }
 
  private slots:
   void init() { QVERIFY(StartMainWindow()); }
@@ -58,6 +75,7 @@ class PluralSoundingsTest : public QObject, marlview::test::MainWindowTest {
     window->txtDepthInterval->setText("0.05");
 
     window->optCombinedSelection->click();
+    QVERIFY(t_->session->CombinedModeActive);
     QCOMPARE(window->lstSelectedChannels->count(), 0);
     marlview::test::ClickRow(window->lstAvailableChannels, 0);
     marlview::test::ClickRow(window->lstAvailableChannels, 3);
@@ -74,14 +92,43 @@ class PluralSoundingsTest : public QObject, marlview::test::MainWindowTest {
     QTRY_VERIFY(!window->PlotWindow()->lblDepth->text().isEmpty());
     QVERIFY(!window->PlotWindow()->lblChannelValue[0]->text().isEmpty());
 
+    // The view menus lay the plot out again: elevation without grid in feet, then back.
+    marlview::FrmSetPlot* combined = window->PlotWindow();
+    combined->mnuElevation->trigger();
+    combined->mnuGridOff->trigger();
+    combined->mnuFeet->trigger();
+    QCOMPARE(QString::fromStdString(combined->Layout().depth_label), QString("Elev. (ft)"));
+    QVERIFY(!combined->Layout().grid_on);
+    QVERIFY(combined->mnuFeet->isChecked());
+    combined->mnuMeters->trigger();
+    combined->mnuDepth->trigger();
+    combined->mnuGridOn->trigger();
+    QCOMPARE(QString::fromStdString(combined->Layout().depth_label), QString("Depth (m)"));
+
+    // The data window moves the second test a step down and back up.
+    combined->mnuDisplayDataScreen->trigger();
+    FrmCombinedPlotsData* data = combined->DataWindow();
+    QVERIFY(data != nullptr && data->isVisible());
+    QCOMPARE(combined->mnuDisplayDataScreen->text(), QString("Hide Data Window"));
+    data->cmbAdjustTest->setCurrentIndex(1);
+    const double deepest = combined->Layout().legend[1].max_depth;
+    QTest::mouseClick(data->cmdDown, Qt::LeftButton);
+    QCOMPARE(data->lblDepthOffset->text(), QString("0.05"));
+    QVERIFY(qAbs(combined->Layout().legend[1].max_depth - deepest - 0.05) < 1e-4);
+    QTest::mouseClick(data->cmdUp, Qt::LeftButton);
+    QCOMPARE(data->lblDepthOffset->text(), QString("0.00"));
+
     window->optSideBySideSelection->click();
     marlview::test::ClickRow(window->lstAvailableChannels, 0);
     QTest::mouseClick(window->cmdPlotSounding, Qt::LeftButton);
     QCOMPARE(window->PlotWindow()->windowTitle(), QString("SIDE-BY-SIDE CHANNEL PLOT"));
     QVERIFY(!window->PlotWindow()->picPlot->grab().isNull());
+    window->PlotWindow()->mnuDisplayDataScreen->trigger();
+    QCOMPARE(window->PlotWindow()->DataWindow()->windowTitle(), QString("ADJUST DEPTH"));
 
     // Batch: the sounding plot window on the first ticked test, its buttons stepping through the set.
     window->optBatchSelection->click();
+    QVERIFY(!t_->session->CombinedModeActive);
     marlview::test::ClickRow(window->lstAvailableChannels, 0);
     QTest::mouseClick(window->cmdPlotSounding, Qt::LeftButton);
     marlview::Form4* plot = window->BatchPlotWindow();
@@ -93,6 +140,21 @@ class PluralSoundingsTest : public QObject, marlview::test::MainWindowTest {
     QCOMPARE(marlview::TestName(*t_->session, 2), second);
     QTest::mouseClick(plot->cmdPreviousTest, Qt::LeftButton);
     QCOMPARE(t_->session->Sounding().SoundingFileName, marlview::TestName(*t_->session, 1));
+
+    // The ECP list and the editor open on the test on show; an edit stays with the test in its slot.
+    QTest::mouseClick(plot->cmdNextTest, Qt::LeftButton);
+    QTest::mouseClick(window->cmdListECP, Qt::LeftButton);
+    QVERIFY(window->EcpWindow() != nullptr && window->EcpWindow()->isVisible());
+    QCOMPARE(t_->session->Sounding().SoundingFileName, second);
+    QTest::mouseClick(window->cmdEdit, Qt::LeftButton);
+    QVERIFY(window->EditWindow() != nullptr && window->EditWindow()->isVisible());
+    window->EditWindow()->txtClient->selectAll();
+    QTest::keyClicks(window->EditWindow()->txtClient, "Edited client");
+    // Stepping on closes the editor and puts the edited test back in its slot.
+    QTest::mouseClick(plot->cmdPreviousTest, Qt::LeftButton);
+    QVERIFY(window->EditWindow() == nullptr);
+    QCOMPARE(t_->session->set.tests[1].store->Client, std::string("Edited client"));
+
     window->optCombinedSelection->click();
     marlview::test::ClickRow(window->lstAvailableChannels, 0);
 
@@ -103,6 +165,19 @@ class PluralSoundingsTest : public QObject, marlview::test::MainWindowTest {
     t_->prompts.Script({csv});
     window->ListWindow()->mnuExportCSVFileIncludeHeader->trigger();
     QVERIFY(marlview::ReadWholeFile(csv).starts_with("CPT DATA,TEST #1\r\n"));
+
+    // The rod break tool and the wet density dialog shown for each ticked test in turn, the
+    // density not kept as the default.
+    int shown = 0;
+    AnswerEachTest<marlview::FrmEnlargedTipGraph>(&marlview::FrmEnlargedTipGraph::cmdDONE, shown);
+    window->ListWindow()->mnuRemoveRodBreaks->trigger();
+    QCOMPARE(shown, 3);
+    shown = 0;
+    t_->prompts.Script({"No", "No", "No"});
+    AnswerEachTest<marlview::FrmWetDensity>(&marlview::FrmWetDensity::cmdOK, shown);
+    window->ListWindow()->mnuWetDensity->trigger();
+    QCOMPARE(shown, 3);
+    QVERIFY(t_->prompts.ScriptUsedUp());
 
     // A batch of csv files, one per ticked test, into a folder of their own.
     const std::string folder = t_->data.File("batch");
@@ -124,10 +199,12 @@ class PluralSoundingsTest : public QObject, marlview::test::MainWindowTest {
     QCOMPARE(written, 3);
 
     // Return asks to close the open windows, then empties the set.
-    t_->prompts.Script({"Yes", "Yes"});
+    QTest::mouseClick(window->cmdListECP, Qt::LeftButton);
+    t_->prompts.Script({"Yes", "Yes", "Yes"});
     window->mnuReturn->trigger();
     QTRY_VERIFY(form_->PluralWindow() == nullptr);
     QVERIFY(t_->session->set.tests.empty());
+    QVERIFY(!t_->session->CombinedModeActive);
     QVERIFY(form_->frmSelectTestType->isEnabled());
   }
 };

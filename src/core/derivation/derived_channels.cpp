@@ -200,7 +200,8 @@ void Pipeline::Run() {
   const int speed = Add({"Push Speed", "Speed", "Speed:", 49, kSpeedGroup, 0, nullptr});
   s_.ChannelBaseFactor[speed] = 1;
   SetFactorsFromGroup(speed, kSpeedGroup);
-  if (!session_.CombinedModeActive) {
+  s_.PushSpeedDerived = !session_.CombinedModeActive;
+  if (s_.PushSpeedDerived) {
     CalculatePushSpeed(v_, speed, {session_.rod_break.RemoveOnOpen == 1, session_.rod_break.Threshold});
   }
 }

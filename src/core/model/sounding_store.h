@@ -143,6 +143,9 @@ struct SoundingScalars {
   float StartDepth = 0, DepthInterval = 0, MaxDepth = 0;
   // Metres; -99 means undefined.
   float WaterTableDepth = -99;
+  // False when the last derivation ran in a combined or side-by-side view of a set and left the
+  // push speed rows empty; the set derives them again before the sounding is used alone.
+  bool PushSpeedDerived = true;
   bool BallTip = false;
   float BallDiameter = 0, BallArea = 0, ConicalTipArea = 0;
   bool DepthIncrementMode = false;

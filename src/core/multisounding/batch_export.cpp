@@ -29,6 +29,26 @@ struct StepOf {
   const char* ending;
 };
 
+// The extension of a step's file, without its dot: "pdf" for the prints.
+std::string ExtensionOf(const StepOf& step) {
+  const std::string ending = step.ending;
+  return ending.substr(ending.rfind('.') + 1);
+}
+
+// With automatic naming off each file is named in the save dialog, offered the automatic name;
+// an empty answer skips the file.
+std::string AskTarget(UserPrompts& prompts, const StepOf& step, const std::string& automatic) {
+  const std::string extension = ExtensionOf(step);
+  FileDialogRequest request;
+  request.title = "Save As";
+  request.filter = extension == "pdf" ? "PDF Files (*.pdf)|*.pdf" : ExportFilter(extension);
+  request.start_directory = std::filesystem::path(automatic).parent_path().string();
+  request.default_name = std::filesystem::path(automatic).filename().string();
+  request.asks_overwrite = true;
+  const std::string chosen = prompts.SaveFile(request);
+  return chosen.empty() ? chosen : WithExtension(chosen, extension);
+}
+
 std::vector<StepOf> TickedSteps(const BatchSettings& b) {
   std::vector<StepOf> steps;
   if (b.PrintDepthPlots) steps.push_back({Step::kPlot, "-plot.pdf"});
@@ -136,6 +156,8 @@ BatchReport RunBatchExport(Session& session, UserPrompts& prompts, const BatchSe
   const std::vector<StepOf> steps = TickedSteps(settings);
   const int total = static_cast<int>(tests.size() * steps.size());
   const int16_t depth_unit = session.DepthUnitIsMetric;
+  // Each file is the single sounding's export, whichever view of the set was last used.
+  DeriveSpeedsLeftEmpty(session);
   TellFailures(prompts, "cmdExportPrint_Click", [&] { std::filesystem::create_directories(run.directory); });
   int done = 0;
   for (const StepOf& step : steps) {
@@ -148,10 +170,15 @@ BatchReport RunBatchExport(Session& session, UserPrompts& prompts, const BatchSe
       ++done;
       CurrentTest current(session, slot);
       const SoundingStore& s = session.Sounding();
-      const std::string target = BatchTarget(run.directory, s.SoundingPath, step.ending);
       const std::vector<int> channels = TestChannels(s, run.channels);
       if (channels.empty() && step.step != Step::kGin && step.step != Step::kAgs) {
         prompts.Tell("Select parameter(s) first !");
+        ++report.skipped;
+        continue;
+      }
+      std::string target = BatchTarget(run.directory, s.SoundingPath, step.ending);
+      if (!settings.AutoFilenaming) target = AskTarget(prompts, step, target);
+      if (target.empty()) {
         ++report.skipped;
         continue;
       }

@@ -3,8 +3,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "core/common/file_access.h"
+#include "core/common/number_format.h"
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
 #include "core/derivation/artefacts.h"
@@ -47,6 +49,21 @@ bool CheckCommon(const Session& session, const std::vector<std::string>& channel
   return true;
 }
 
+// While it lives the pipeline derives as for a sounding opened alone; the set's view comes back
+// after, also when a read fails.
+class SingleSoundingRules {
+ public:
+  explicit SingleSoundingRules(Session& session)
+      : session_(session), combined_(std::exchange(session.CombinedModeActive, false)) {}
+  ~SingleSoundingRules() { session_.CombinedModeActive = combined_; }
+  SingleSoundingRules(const SingleSoundingRules&) = delete;
+  SingleSoundingRules& operator=(const SingleSoundingRules&) = delete;
+
+ private:
+  Session& session_;
+  bool combined_;
+};
+
 bool CheckInterval(const Session& session, UserPrompts& prompts) {
   if (session.set.CommonDepthInterval > 0) return true;
   prompts.Tell("DEPTH INTERVAL MUST BE GREATER THAN 0");
@@ -64,6 +81,9 @@ SetLoadOutcome LoadSetFiles(Session& session, UserPrompts& prompts, const std::v
   // The start depth and spike questions are asked once for the whole load.
   session.StartDepthAnswer = -1;
   session.RemoveSpikesAnswer = -1;
+  // A file is read as its own sounding, rows and time stamps intact, whatever the set's mode: its
+  // push speed is derived here once, so its batch exports are those of the sounding opened alone.
+  const SingleSoundingRules read_alone(session);
   for (const std::string& path : paths) {
     auto store = std::make_unique<SoundingStore>();
     ReadOutcome outcome = ReadOutcome::kRefused;
@@ -106,6 +126,52 @@ const SoundingStore& SetStore(const Session& session, int slot) {
   return *session.set.tests[static_cast<size_t>(slot - 1)].store;
 }
 
+SoundingStore& SetStore(Session& session, int slot) {
+  if (slot == session.set.LentSlot) return session.Sounding();
+  return *session.set.tests[static_cast<size_t>(slot - 1)].store;
+}
+
+void SetSelectionMode(Session& session, int mode) {
+  session.MultipleSoundingMode = static_cast<int16_t>(mode);
+  session.CombinedModeActive = mode == 1 || mode == 2;
+  if (!session.CombinedModeActive) DeriveSpeedsLeftEmpty(session);
+}
+
+void EndSelectionMode(Session& session) { session.CombinedModeActive = false; }
+
+void DeriveSpeedsLeftEmpty(Session& session) {
+  const SingleSoundingRules alone(session);
+  for (size_t t = 0; t < session.set.tests.size(); ++t) {
+    const int slot = static_cast<int>(t) + 1;
+    SoundingStore& s = SetStore(session, slot);
+    if (s.PushSpeedDerived) continue;
+    ComputeDerivedChannels(session, s, s.ChannelCount);
+  }
+}
+
+void ShiftTestDepth(Session& session, int slot, int steps) {
+  if (slot < 1 || slot > static_cast<int>(session.set.tests.size())) Fail(kErrSubscript, "cmdUp_Click");
+  const float interval = session.set.CommonDepthInterval;
+  if (!(interval > 0)) return;
+  // The interval is in the session's depth unit; both columns of the depth table move together.
+  const bool metric = SetDepthColumn(session) == 1;
+  const float step = interval * static_cast<float>(steps);
+  const float step_m = metric ? step : step / session.FeetPerMetre;
+  const float step_ft = metric ? step * session.FeetPerMetre : step;
+  SoundingStore& s = SetStore(session, slot);
+  for (int r = 1; r <= s.ReadingCount; ++r) {
+    s.DepthTable(r, 1) += step_m;
+    s.DepthTable(r, 2) += step_ft;
+  }
+  session.set.tests[static_cast<size_t>(slot - 1)].DepthOffset += step_m;
+}
+
+std::string DepthOffsetText(const Session& session, int slot) {
+  if (slot < 1 || slot > static_cast<int>(session.set.tests.size())) return FormatNumber(0.0, "##0.00");
+  const double offset_m = session.set.tests[static_cast<size_t>(slot - 1)].DepthOffset;
+  return FormatNumber(SetDepthColumn(session) == 1 ? offset_m : offset_m * session.FeetPerMetre, "##0.00");
+}
+
 CurrentTest::CurrentTest(Session& session, int slot) : session_(session), slot_(slot) {
   auto& store = session_.set.tests[static_cast<size_t>(slot_ - 1)].store;
   store = session_.ExchangeSounding(std::move(store));
@@ -116,6 +182,14 @@ CurrentTest::~CurrentTest() {
   auto& store = session_.set.tests[static_cast<size_t>(slot_ - 1)].store;
   store = session_.ExchangeSounding(std::move(store));
   session_.set.LentSlot = 0;
+}
+
+void ForEachSelectedTest(Session& session, const std::function<void()>& body) {
+  if (session.set.LentSlot != 0) Fail(kErrInvalidCall, "ForEachSelectedTest");
+  for (int slot : SelectedTests(session)) {
+    CurrentTest current(session, slot);
+    body();
+  }
 }
 
 int ChannelNamed(const SoundingStore& store, const std::string& name) {

@@ -2,6 +2,7 @@
 // channels matched across tests by name, the selection checks and the common depth grid.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -33,6 +34,7 @@ std::vector<int> SelectedTests(const Session& session);
 void ClearSet(Session& session);
 // The store of a slot's test, wherever it is: in its slot, or lent to the session as current.
 const SoundingStore& SetStore(const Session& session, int slot);
+SoundingStore& SetStore(Session& session, int slot);
 // The test's file name as the checkbox shows it.
 std::string TestName(const Session& session, int slot);
 
@@ -50,6 +52,10 @@ class CurrentTest {
   int slot_;
 };
 
+// Runs body with each ticked test made current in turn, as the list's rod break and density
+// commands do; no test may be lent already.
+void ForEachSelectedTest(Session& session, const std::function<void()>& body);
+
 // The channel of a name in a test, 0 when the test lacks it.
 int ChannelNamed(const SoundingStore& store, const std::string& name);
 // The channel names to choose from: the main window's list of the first ticked test.
@@ -66,6 +72,23 @@ bool CheckSetList(const Session& session, SetView view, const std::vector<std::s
 // The plot command's checks.
 bool CheckSetPlot(const Session& session, SetView view, const std::vector<std::string>& channels,
                   UserPrompts& prompts);
+
+// The mode of the set window: 0 batch, 1 combined, 2 side by side. A combined or side-by-side mode
+// works on the common grid, where a test's rows are no longer its file's: the sounding pipeline
+// derives no push speed there. Back in batch mode, a test derived meanwhile gets its push speed
+// again, so it is the sounding it would be opened alone.
+void SetSelectionMode(Session& session, int mode);
+// The set left: the several-soundings modes end with it.
+void EndSelectionMode(Session& session);
+// Derives again, with the single-sounding rules, every test whose push speed a combined view left
+// empty; the batch export runs on tests as they would be opened alone.
+void DeriveSpeedsLeftEmpty(Session& session);
+
+// cmdUp (steps -1) and cmdDown (steps +1): every depth of a slot's test moves by the common depth
+// interval, shallower or deeper, and its offset with it.
+void ShiftTestDepth(Session& session, int slot, int steps);
+// lblDepthOffset: the slot's offset in the session's depth unit, "##0.00".
+std::string DepthOffsetText(const Session& session, int slot);
 
 // The depth unit's column of the depth table: 1 metres, 2 feet.
 int SetDepthColumn(const Session& session);

@@ -89,6 +89,13 @@ void DrawTest(DrawingSurface& g, const Frame& f, const SetPlotLayout& layout, co
 
 void DrawFrame(DrawingSurface& g, const Frame& f, const SetPlotLayout& layout, double min, double max) {
   g.Box(f.left, f.top, f.left + f.width, f.top + f.height, kBlack, false);
+  if (!layout.grid_on) {
+    g.SetFont("Arial", 6, false, false);
+    Label(g, f.left, f.top + f.height + 2, AxisText(min));
+    const std::string high = AxisText(max);
+    Label(g, f.left + f.width - g.TextWidth(high), f.top + f.height + 2, high);
+    return;
+  }
   const AxisSteps depth = FindAxisSteps(layout.depth_max - layout.depth_min, 0);
   const double depth_span = layout.depth_max - layout.depth_min;
   for (double d = layout.depth_min + depth.step; d < layout.depth_max; d += depth.step) {
@@ -123,13 +130,24 @@ Colour SetTestColour(int k) {
           static_cast<uint8_t>(std::lround(255 * b * shade))};
 }
 
-SetPlotLayout LayoutSetPlot(const Session& session, SetView view, const std::vector<std::string>& channels) {
+Colour SetPlotColour(const Session& session, int slot) {
+  const std::vector<int> tests = SelectedTests(session);
+  const int family = tests.empty() ? 0 : Store(session, tests.front()).AcquisitionFamily;
+  const auto& table = session.Report(ReportFamilyOf(family), ReportKind::kSounding).SetTestColours;
+  if (slot < 1 || slot > static_cast<int>(table.size())) return SetTestColour(slot);
+  const auto& rgb = table[static_cast<size_t>(slot - 1)];
+  return {static_cast<uint8_t>(rgb[0]), static_cast<uint8_t>(rgb[1]), static_cast<uint8_t>(rgb[2])};
+}
+
+SetPlotLayout LayoutSetPlot(const Session& session, SetView view, const std::vector<std::string>& channels,
+                            bool elevation) {
   SetPlotLayout layout;
   layout.view = view;
   layout.title = view == SetView::kCombined ? "COMBINED SOUNDING PLOT" : "SIDE-BY-SIDE CHANNEL PLOT";
   layout.common_scaling = session.set.ScalingMode == 1;
+  layout.elevation = elevation;
   const int depth_column = SetDepthColumn(session);
-  layout.depth_label = depth_column == 1 ? "Depth (m)" : "Depth (ft)";
+  layout.depth_label = std::string(elevation ? "Elev." : "Depth") + (depth_column == 1 ? " (m)" : " (ft)");
   const float interval = session.set.CommonDepthInterval;
   const std::vector<int> tests = SelectedTests(session);
   if (tests.empty()) return layout;
@@ -139,7 +157,7 @@ SetPlotLayout LayoutSetPlot(const Session& session, SetView view, const std::vec
   for (int slot : tests) {
     grid.push_back(CommonGridRows(Store(session, slot), interval, depth_column));
     const double deepest = GridDepth(interval, static_cast<int>(grid.back().size()));
-    layout.legend.push_back({++k, slot, Store(session, slot).SoundingFileName, deepest, SetTestColour(k)});
+    layout.legend.push_back({++k, slot, Store(session, slot).SoundingFileName, deepest, SetPlotColour(session, slot)});
     layout.depth_max = std::max(layout.depth_max, deepest);
   }
   if (layout.depth_max <= layout.depth_min) layout.depth_max = layout.depth_min + 1;
@@ -233,7 +251,8 @@ SetPlotArea DrawSetPlot(DrawingSurface& g, double width, double height, const Se
   g.SetFont("Arial", 7, false, false);
   for (double d = layout.depth_min; d <= layout.depth_max + 1e-9; d += depth.step) {
     const double ty = top + (d - layout.depth_min) / depth_span * (bottom - top);
-    const std::string text = AxisText(d);
+    // Elevation counts down from the surface, so the same depths read as negative numbers.
+    const std::string text = AxisText(layout.elevation && d != 0 ? -d : d);
     Label(g, left - g.TextWidth(text) - 4, ty - g.TextHeight(text) / 2, text);
   }
   Label(g, width * 0.005, top - line * 2, layout.depth_label);

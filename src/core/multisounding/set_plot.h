@@ -12,8 +12,11 @@
 
 namespace marlview {
 
-// The colour of the k-th test (1..30) when the settings hold none; no two alike.
+// The colour of the test in slot k (1..30) when the settings hold none; no two alike.
 Colour SetTestColour(int k);
+// The colour of a slot's test: from the set colours kept with the sounding print settings of the
+// family of the set's first ticked test, else the default above.
+Colour SetPlotColour(const Session& session, int slot);
 
 struct SetPlotAxis {
   // The test's slot and its running number among the ticked tests.
@@ -45,6 +48,10 @@ struct SetPlotLayout {
   SetView view = SetView::kCombined;
   std::string title;
   bool common_scaling = true;
+  // mnuElevation: the axis counts down from the surface ("Elev."), as the sounding plot does.
+  bool elevation = false;
+  // mnuGridOn, mnuGridOff: the depth grid lines across the panels.
+  bool grid_on = true;
   std::string depth_label;
   double depth_min = 0, depth_max = 1;
   std::vector<SetLegendEntry> legend;
@@ -53,7 +60,8 @@ struct SetPlotLayout {
 };
 
 // The layout of the ticked tests and the channels named, on the common grid.
-SetPlotLayout LayoutSetPlot(const Session& session, SetView view, const std::vector<std::string>& channels);
+SetPlotLayout LayoutSetPlot(const Session& session, SetView view, const std::vector<std::string>& channels,
+                            bool elevation = false);
 // Where the panels lie on the surface, top to bottom of the depth axis.
 struct SetPlotArea {
   double left = 0, top = 0, right = 0, bottom = 0;

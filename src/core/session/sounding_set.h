@@ -17,6 +17,8 @@ struct SetTest {
   std::unique_ptr<SoundingStore> store;
   // chkSelectTest of the slot.
   bool selected = true;
+  // TestDepthOffset: metres added to every depth of the test by the depth adjustment.
+  float DepthOffset = 0;
 };
 
 struct SoundingSet {

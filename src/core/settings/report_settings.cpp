@@ -1,6 +1,8 @@
 // The print settings of each family and report kind, and their header files.
 #include "core/settings/report_settings.h"
 
+#include <algorithm>
+
 #include "core/common/line_cursor.h"
 #include "core/common/number_read.h"
 #include "core/settings/settings_files.h"
@@ -217,6 +219,18 @@ ReportSettings ReadReportSettings(std::string_view bytes, ReportFamily family, R
       *std::get<std::string*>(field.value) = std::string(line);
     }
   }
+  // The set colours are taken whole or not at all: an older file ends at the free lines.
+  if (kind == ReportKind::kSounding) {
+    std::vector<std::array<int16_t, 3>> colours(kSetColourSlots);
+    for (size_t component = 0; component < 3; ++component) {
+      for (auto& colour : colours) {
+        if (lines.AtEnd()) return s;
+        const double value = LenientNumber(lines.Next());
+        colour[component] = ToSetting16(std::clamp(value, 0.0, 255.0));
+      }
+    }
+    s.SetTestColours = std::move(colours);
+  }
   return s;
 }
 
@@ -230,6 +244,11 @@ std::string WriteReportSettings(const ReportSettings& settings, ReportKind kind)
       bytes += NumberLine(**number);
     } else {
       bytes += *std::get<std::string*>(field.value) + "\r\n";
+    }
+  }
+  if (kind == ReportKind::kSounding && settings.SetTestColours.size() == kSetColourSlots) {
+    for (size_t component = 0; component < 3; ++component) {
+      for (const auto& colour : settings.SetTestColours) bytes += NumberLine(static_cast<int>(colour[component]));
     }
   }
   return bytes;

@@ -96,7 +96,14 @@ struct ReportSettings {
   // Two free lines at the end of the file, kept as read.
   std::string Text1;
   std::string Text2;
+
+  // Sounding files only: the colours of the tests of a set on its combined and side-by-side plots,
+  // kept after the two free lines as a row of 30 reds, one of 30 greens and one of 30 blues.
+  // Empty when the file has none, and the plots then take their own.
+  std::vector<std::array<int16_t, 3>> SetTestColours;
 };
+
+inline constexpr int kSetColourSlots = 30;
 
 // The defaults of a first start: main headers on the title, box b on source b + 1 where the list
 // has it, pens 1, margins half an inch, everything else the first entry.

@@ -26,6 +26,7 @@
 #include "core/common/number_read.h"
 #include "core/common/text_rules.h"
 #include "core/multisounding/combined_list.h"
+#include "core/multisounding/last_data_directory.h"
 #include "core/presentation/sounding_exports.h"
 #include "core/presentation/sounding_list.h"
 #include "core/presentation/sounding_plot.h"
@@ -36,7 +37,11 @@
 #include "ui/common/event_guard.h"
 #include "ui/common/named.h"
 #include "ui/common/qt_prompts.h"
+#include "ui/editing/frm_edit.h"
+#include "ui/editing/parameter_dialogs_ui.h"
+#include "ui/presentation/ecp_window.h"
 #include "ui/presentation/form4.h"
+#include "ui/presentation/frm_enlarged_tip_graph.h"
 #include "ui/presentation/printer_print_job.h"
 #include "ui/presentation/widget_surface.h"
 #include "ui/settings/settings_windows.h"
@@ -101,10 +106,11 @@ FrmLoadMultipleSoundings::FrmLoadMultipleSoundings(Session& session, UserPrompts
   });
   connect(cmdOK, &QPushButton::clicked, this, [this] { RunGuarded(prompts_, "cmdOK_Click", [&] { Accept(); }); });
 
-  // The folder last used for soundings, else the home folder.
-  const QString start = DirectoryExists(session_.SoundingDirectory) ? ToQString(session_.SoundingDirectory)
-                                                                     : QDir::homePath();
-  ShowFolder(start);
+  // The folder a set was last loaded from, kept between runs.
+  const QFileInfoList drives = QDir::drives();
+  const std::string first_drive = drives.isEmpty() ? std::string("/") : PathOf(drives.front().absoluteFilePath());
+  const DataDirectory last = ReadLastDataDirectory(session_, prompts_, first_drive);
+  ShowFolder(ToQString(last.folder));
 }
 
 void FrmLoadMultipleSoundings::ShowFolder(const QString& folder) {
@@ -138,6 +144,85 @@ void FrmLoadMultipleSoundings::Accept() {
   }
   session_.SoundingDirectory = PathOf(folder_);
   accept();
+}
+
+// --- frmCombinedPlotsData ---
+
+FrmCombinedPlotsData::FrmCombinedPlotsData(Session& session, UserPrompts& prompts, const SetPlotLayout& layout,
+                                           std::function<void()> on_shift, QWidget* parent)
+    : QMainWindow(parent), session_(session), prompts_(prompts), on_shift_(std::move(on_shift)) {
+  setObjectName("frmCombinedPlotsData");
+  const bool adjust = layout.view == SetView::kSideBySide;
+  setWindowTitle(adjust ? "ADJUST DEPTH" : "COMBINED DATA");
+  setFont(QFont("Arial"));
+  auto* central = new QWidget(this);
+  auto* grid = new QGridLayout(central);
+  grid->addWidget(new QLabel(ToQString(layout.depth_label), central), 0, 0);
+  lblGraphYData = Named(new QLabel(central), "lblGraphYData");
+  grid->addWidget(lblGraphYData, 0, 1);
+  for (size_t i = 0; i < layout.panels.size(); ++i) {
+    const std::string name = "lblGraph" + std::to_string(i + 1) + "Data";
+    grid->addWidget(new QLabel(ToQString(layout.panels[i].channel), central), static_cast<int>(i) + 1, 0);
+    lblGraphData.push_back(Named(new QLabel(central), name.c_str()));
+    grid->addWidget(lblGraphData.back(), static_cast<int>(i) + 1, 1);
+  }
+  const int row = static_cast<int>(layout.panels.size()) + 1;
+  cmbAdjustTest = Named(new QComboBox(central), "cmbAdjustTest");
+  for (const SetLegendEntry& e : layout.legend) {
+    cmbAdjustTest->addItem(ToQString("TEST #" + std::to_string(e.number) + " " + e.name));
+    slots_.push_back(e.slot);
+  }
+  grid->addWidget(cmbAdjustTest, row, 0, 1, 2);
+  grid->addWidget(new QLabel("DEPTH OFFSET", central), row + 1, 0);
+  lblDepthOffset = Named(new QLabel(central), "lblDepthOffset");
+  lblDepthUnits = Named(new QLabel(central), "lblDepthUnits");
+  auto* offset = new QHBoxLayout;
+  offset->addWidget(lblDepthOffset);
+  offset->addWidget(lblDepthUnits);
+  grid->addLayout(offset, row + 1, 1);
+  auto* buttons = new QHBoxLayout;
+  cmdUp = NamedButton(buttons, central, "cmdUp", "UP");
+  cmdDown = NamedButton(buttons, central, "cmdDown", "DOWN");
+  grid->addLayout(buttons, row + 2, 0, 1, 2);
+  setCentralWidget(central);
+  mnuHideDataScreen = Named(menuBar()->addAction(adjust ? "Hide Adjust Screen" : "Hide Data Screen"),
+                            "mnuHideDataScreen");
+  connect(mnuHideDataScreen, &QAction::triggered, this, &QWidget::close);
+  connect(cmdUp, &QPushButton::clicked, this, [this] { Shift(-1); });
+  connect(cmdDown, &QPushButton::clicked, this, [this] { Shift(1); });
+  connect(cmbAdjustTest, &QComboBox::currentIndexChanged, this, [this] { ShowOffset(); });
+  ShowOffset();
+}
+
+int FrmCombinedPlotsData::AdjustedSlot() const {
+  const int index = cmbAdjustTest->currentIndex();
+  return index >= 0 && index < static_cast<int>(slots_.size()) ? slots_[static_cast<size_t>(index)] : 0;
+}
+
+void FrmCombinedPlotsData::Shift(int steps) {
+  RunGuarded(prompts_, steps < 0 ? "cmdUp_Click" : "cmdDown_Click", [&] {
+    if (AdjustedSlot() == 0) return;
+    ShiftTestDepth(session_, AdjustedSlot(), steps);
+    ShowOffset();
+    if (on_shift_) on_shift_();
+  });
+}
+
+void FrmCombinedPlotsData::ShowOffset() {
+  lblDepthOffset->setText(ToQString(DepthOffsetText(session_, AdjustedSlot())));
+  lblDepthUnits->setText(SetDepthColumn(session_) == 1 ? "m" : "ft");
+}
+
+void FrmCombinedPlotsData::ShowReadout(const std::optional<SetReadout>& readout) {
+  lblGraphYData->setText(readout ? ToQString(readout->depth) : QString());
+  for (size_t i = 0; i < lblGraphData.size(); ++i) {
+    QStringList texts;
+    if (readout && i < readout->values.size()) {
+      for (const std::string& text : readout->values[i]) texts << ToQString(text);
+    }
+    lblGraphData[i]->setText(texts.join("  "));
+  }
+  ShowOffset();
 }
 
 // --- frmCombinedPlots / frmSideBySidePlots ---
@@ -177,11 +262,26 @@ FrmSetPlot::FrmSetPlot(Session& session, UserPrompts& prompts, SetPlotLayout lay
         }
         lblChannelValue[i]->setText(texts.join("  "));
       }
+      if (data_window_ != nullptr && data_window_->isVisible()) data_window_->ShowReadout(values);
     });
   };
   QMenu* file = menuBar()->addMenu("&File");
   mnuPrintNoCoverSheet = NamedAction(file, "mnuPrintNoCoverSheet", "Print (No Cover Sheet)...");
   mnuPrintWithCoverSheet = NamedAction(file, "mnuPrintWithCoverSheet", "Print With Cover Sheet...");
+  QMenu* view = menuBar()->addMenu("&View");
+  mnuDepth = NamedAction(view, "mnuDepth", "&Depth");
+  mnuElevation = NamedAction(view, "mnuElevation", "&Elevation");
+  view->addSeparator();
+  mnuGridOn = NamedAction(view, "mnuGridOn", "Grid &On");
+  mnuGridOff = NamedAction(view, "mnuGridOff", "Grid O&ff");
+  view->addSeparator();
+  mnuMeters = NamedAction(view, "mnuMeters", "&Meters");
+  mnuFeet = NamedAction(view, "mnuFeet", "&Feet");
+  for (QAction* action : {mnuDepth, mnuElevation, mnuGridOn, mnuGridOff, mnuMeters, mnuFeet}) {
+    action->setCheckable(true);
+  }
+  QMenu* data_menu = menuBar()->addMenu("&Data");
+  mnuDisplayDataScreen = NamedAction(data_menu, "mnuDisplayDataScreen", "Show Data Window");
   mnuReturn = Named(menuBar()->addAction("&Return"), "mnuReturn");
   const auto print = [this](bool cover) {
     RunGuarded(prompts_, cover ? "mnuPrintWithCoverSheet_Click" : "mnuPrintNoCoverSheet_Click", [&] {
@@ -190,8 +290,62 @@ FrmSetPlot::FrmSetPlot(Session& session, UserPrompts& prompts, SetPlotLayout lay
   };
   connect(mnuPrintNoCoverSheet, &QAction::triggered, this, [print] { print(false); });
   connect(mnuPrintWithCoverSheet, &QAction::triggered, this, [print] { print(true); });
+  const auto on = [this](QAction* action, const char* source, std::function<void()> change) {
+    connect(action, &QAction::triggered, this, [this, source, change = std::move(change)] {
+      RunGuarded(prompts_, source, [&] {
+        change();
+        Relayout();
+      });
+      UpdateChecks();
+    });
+  };
+  on(mnuDepth, "mnuDepth_Click", [this] { layout_.elevation = false; });
+  on(mnuElevation, "mnuElevation_Click", [this] { layout_.elevation = true; });
+  on(mnuGridOn, "mnuGridOn_Click", [this] { layout_.grid_on = true; });
+  on(mnuGridOff, "mnuGridOff_Click", [this] { layout_.grid_on = false; });
+  on(mnuMeters, "mnuMeters_Click", [this] { session_.DepthUnitIsMetric = 1; });
+  on(mnuFeet, "mnuFeet_Click", [this] { session_.DepthUnitIsMetric = 0; });
+  connect(mnuDisplayDataScreen, &QAction::triggered, this,
+          [this] { RunGuarded(prompts_, "mnuDisplayDataScreen_Click", [&] { ToggleDataWindow(); }); });
   connect(mnuReturn, &QAction::triggered, this, &QWidget::close);
+  UpdateChecks();
   resize(1000, 760);
+}
+
+FrmSetPlot::~FrmSetPlot() = default;
+
+void FrmSetPlot::Relayout() {
+  std::vector<std::string> channels;
+  for (const SetPlotPanel& panel : layout_.panels) channels.push_back(panel.channel);
+  const bool grid_on = layout_.grid_on;
+  layout_ = LayoutSetPlot(session_, layout_.view, channels, layout_.elevation);
+  layout_.grid_on = grid_on;
+  picPlot->update();
+  if (data_window_ != nullptr) data_window_->ShowReadout(std::nullopt);
+}
+
+void FrmSetPlot::UpdateChecks() {
+  mnuDepth->setChecked(!layout_.elevation);
+  mnuElevation->setChecked(layout_.elevation);
+  mnuGridOn->setChecked(layout_.grid_on);
+  mnuGridOff->setChecked(!layout_.grid_on);
+  mnuMeters->setChecked(SetDepthColumn(session_) == 1);
+  mnuFeet->setChecked(SetDepthColumn(session_) != 1);
+  const bool shown = data_window_ != nullptr && data_window_->isVisible();
+  mnuDisplayDataScreen->setText(shown ? "Hide Data Window" : "Show Data Window");
+}
+
+void FrmSetPlot::ToggleDataWindow() {
+  if (data_window_ != nullptr && data_window_->isVisible()) {
+    data_window_->close();
+  } else {
+    data_window_ = std::make_unique<FrmCombinedPlotsData>(session_, prompts_, layout_, [this] { Relayout(); }, this);
+    data_window_->setWindowFlag(Qt::Tool);
+    // Hidden from its own menu, the plot's menu offers to show it again.
+    connect(data_window_->mnuHideDataScreen, &QAction::triggered, this, [this] { UpdateChecks(); });
+    data_window_->show();
+  }
+  UpdateChecks();
 }
 
 // --- frmCombinedSoundingData ---
@@ -207,9 +361,7 @@ FrmCombinedSoundingData::FrmCombinedSoundingData(Session& session, UserPrompts& 
   QFont font("courier new");
   font.setStyleHint(QFont::Monospace);
   Picture1->setFont(font);
-  QStringList text;
-  for (const std::string& line : CombinedListLines(session_, channels_)) text << ToQString(line);
-  Picture1->setPlainText(text.join('\n'));
+  Refill();
   setCentralWidget(Picture1);
 
   QMenu* file = menuBar()->addMenu("&File");
@@ -226,7 +378,20 @@ FrmCombinedSoundingData::FrmCombinedSoundingData(Session& session, UserPrompts& 
   file->addSeparator();
   mnuPrintNoCoverSheet = NamedAction(file, "mnuPrintNoCoverSheet", "Print (No Cover Sheet)...");
   mnuPrintWithCoverSheet = NamedAction(file, "mnuPrintWithCoverSheet", "Print With Cover Sheet...");
+  QMenu* edit = menuBar()->addMenu("&Edit");
+  mnuRemoveRodBreaks = NamedAction(edit, "mnuRemoveRodBreaks", kRemoveRodBreaksMenuCaption);
+  mnuWetDensity = NamedAction(edit, "mnuWetDensity", "Wet &Density...");
   mnuReturn = Named(menuBar()->addAction("&Return"), "mnuReturn");
+  connect(mnuRemoveRodBreaks, &QAction::triggered, this, [this] {
+    RunGuarded(prompts_, "mnuRemoveRodBreaks_Click", [&] {
+      OnEachTest("mnuRemoveRodBreaks_Click", [this] { OpenEnlargedTipGraph(session_, prompts_, this); });
+    });
+  });
+  connect(mnuWetDensity, &QAction::triggered, this, [this] {
+    RunGuarded(prompts_, "mnuWetDensity_Click", [&] {
+      OnEachTest("mnuWetDensity_Click", [this] { FrmWetDensity(session_, prompts_, this).exec(); });
+    });
+  });
   const auto save = [this](QAction* action, const char* source, CombinedForm form, bool header) {
     connect(action, &QAction::triggered, this,
             [this, source, form, header] { RunGuarded(prompts_, source, [&] { SaveTo(form, header); }); });
@@ -241,6 +406,20 @@ FrmCombinedSoundingData::FrmCombinedSoundingData(Session& session, UserPrompts& 
   connect(mnuPrintWithCoverSheet, &QAction::triggered, this, [this] { Print(true); });
   connect(mnuReturn, &QAction::triggered, this, &QWidget::close);
   resize(900, 600);
+}
+
+void FrmCombinedSoundingData::Refill() {
+  QStringList text;
+  for (const std::string& line : CombinedListLines(session_, channels_)) text << ToQString(line);
+  Picture1->setPlainText(text.join('\n'));
+}
+
+void FrmCombinedSoundingData::OnEachTest(const char* source, const std::function<void()>& dialog) {
+  if (put_back_current_test) put_back_current_test();
+  // The list is rebuilt even when a dialog fails part way, from whatever the tests hold.
+  TellFailures(prompts_, source, [&] { ForEachSelectedTest(session_, dialog); });
+  Refill();
+  if (tests_changed) tests_changed();
 }
 
 void FrmCombinedSoundingData::SaveTo(CombinedForm form, bool include_header) {
@@ -469,6 +648,8 @@ FrmPluralSoundings::FrmPluralSoundings(Session& session, UserPrompts& prompts, s
   cmdLoadMultipleTests = NamedButton(buttons, central, "cmdLoadMultipleTests", "LOAD MULTIPLE TESTS");
   cmdPlotSounding = NamedButton(buttons, central, "cmdPlotSounding", "PLOT");
   cmdListSounding = NamedButton(buttons, central, "cmdListSounding", "LIST");
+  cmdListECP = NamedButton(buttons, central, "cmdListECP", "LIST ECP");
+  cmdEdit = NamedButton(buttons, central, "cmdEdit", "EDIT");
   cmdBatchExport = NamedButton(buttons, central, "cmdBatchExport", "BATCH EXPORT / PRINT");
   cmdSelectDeselectAll = NamedButton(buttons, central, "cmdSelectDeselectAll", "SELECT / DESELECT ALL");
   cmdClearSelection = NamedButton(buttons, central, "cmdClearSelection", "CLEAR SELECTION");
@@ -490,9 +671,13 @@ FrmPluralSoundings::FrmPluralSoundings(Session& session, UserPrompts& prompts, s
   (session_.set.ScalingMode == 1 ? optCommonScaling : optIndividualScaling)->setChecked(true);
   selected_ = ReadDefaultTemplateSelection(session_.Paths().data_directory);
 
+  SetSelectionMode(session_, mode == 1 || mode == 2 ? mode : 0);
   for (QRadioButton* option : {optBatchSelection, optCombinedSelection, optSideBySideSelection}) {
     connect(option, &QRadioButton::clicked, this, [this] {
-      Handle("optSelection_Click", [&] { selected_.clear(); });
+      Handle("optSelection_Click", [&] {
+        selected_.clear();
+        SetSelectionMode(session_, optCombinedSelection->isChecked() ? 1 : optSideBySideSelection->isChecked() ? 2 : 0);
+      });
     });
   }
   connect(optCommonScaling, &QRadioButton::clicked, this, [this] { session_.set.ScalingMode = 1; });
@@ -529,11 +714,14 @@ FrmPluralSoundings::FrmPluralSoundings(Session& session, UserPrompts& prompts, s
       if (dialog.exec() == QDialog::Accepted) {
         dialog.lblLoading->setText(".........");
         LoadFiles(dialog.Chosen());
+        WriteLastDataDirectory(session_, PathOf(dialog.Folder()));
       }
     });
   });
   connect(cmdPlotSounding, &QPushButton::clicked, this, [this] { Handle("cmdPlotSounding_Click", [&] { PlotSounding(); }); });
   connect(cmdListSounding, &QPushButton::clicked, this, [this] { Handle("cmdListSounding_Click", [&] { ListSounding(); }); });
+  connect(cmdListECP, &QPushButton::clicked, this, [this] { Handle("cmdListECP_Click", [&] { ListEcp(); }); });
+  connect(cmdEdit, &QPushButton::clicked, this, [this] { Handle("cmdEdit_Click", [&] { EditTest(); }); });
   connect(cmdBatchExport, &QPushButton::clicked, this, [this] {
     Handle("cmdBatchExport_Click", [&] {
       if (SelectedTests(session_).empty()) {
@@ -541,8 +729,7 @@ FrmPluralSoundings::FrmPluralSoundings(Session& session, UserPrompts& prompts, s
         return;
       }
       // The batch makes each test current in turn: the batch plot's test goes back to its slot.
-      batch_plot_.reset();
-      current_.reset();
+      PutBackCurrentTest();
       FrmBatchExport(session_, prompts_, selected_, this).exec();
     });
   });
@@ -559,8 +746,7 @@ FrmPluralSoundings::FrmPluralSoundings(Session& session, UserPrompts& prompts, s
   });
   connect(cmdClearAll, &QPushButton::clicked, this, [this] {
     Handle("cmdClearAll_Click", [&] {
-      batch_plot_.reset();
-      current_.reset();
+      PutBackCurrentTest();
       ClearSet(session_);
       selected_.clear();
     });
@@ -586,6 +772,18 @@ FrmPluralSoundings::FrmPluralSoundings(Session& session, UserPrompts& prompts, s
 }
 
 FrmPluralSoundings::~FrmPluralSoundings() {
+  if (edit_window_ != nullptr) edit_window_->CloseWithoutAsking();
+  ecp_window_.reset();
+  edit_window_.reset();
+  batch_plot_.reset();
+  current_.reset();
+  EndSelectionMode(session_);
+}
+
+void FrmPluralSoundings::PutBackCurrentTest() {
+  if (edit_window_ != nullptr) edit_window_->CloseWithoutAsking();
+  edit_window_.reset();
+  ecp_window_.reset();
   batch_plot_.reset();
   current_.reset();
 }
@@ -601,8 +799,7 @@ SetView FrmPluralSoundings::View() const {
 
 void FrmPluralSoundings::LoadFiles(const std::vector<std::string>& paths) {
   // A test made current for the batch plot goes back to its slot before the set grows.
-  batch_plot_.reset();
-  current_.reset();
+  PutBackCurrentTest();
   LoadSetFiles(session_, prompts_, paths);
   if (!paths.empty()) session_.SoundingDirectory = std::string(FolderPart(paths.back()));
   LoadSoundings();
@@ -636,8 +833,8 @@ void FrmPluralSoundings::PopulatePluralChannelList() {
 
 void FrmPluralSoundings::SetSelectOptions() {
   const bool loaded = !session_.set.tests.empty();
-  for (QPushButton* button : {cmdPlotSounding, cmdListSounding, cmdBatchExport, cmdClearAll, cmdClearSelection,
-                              cmdSelectDeselectAll}) {
+  for (QPushButton* button : {cmdPlotSounding, cmdListSounding, cmdListECP, cmdEdit, cmdBatchExport, cmdClearAll,
+                              cmdClearSelection, cmdSelectDeselectAll}) {
     button->setEnabled(loaded);
   }
   txtDepthInterval->setEnabled(!optBatchSelection->isChecked());
@@ -663,6 +860,10 @@ void FrmPluralSoundings::ListSounding() {
   ReadEntries();
   if (!CheckSetList(session_, View(), selected_, prompts_)) return;
   list_window_ = std::make_unique<FrmCombinedSoundingData>(session_, prompts_, selected_, this);
+  list_window_->put_back_current_test = [this] { PutBackCurrentTest(); };
+  list_window_->tests_changed = [this] {
+    if (plot_window_ != nullptr) plot_window_->Relayout();
+  };
   list_window_->setWindowFlag(Qt::Window);
   list_window_->show();
 }
@@ -670,9 +871,17 @@ void FrmPluralSoundings::ListSounding() {
 std::vector<int> FrmPluralSoundings::MakeTestCurrent(int index) {
   const std::vector<int> tests = SelectedTests(session_);
   if (index < 0 || index >= static_cast<int>(tests.size())) return {};
+  // The list and editor of the test on show would go on working on the next one: they close first.
+  if (edit_window_ != nullptr) edit_window_->CloseWithoutAsking();
+  edit_window_.reset();
+  ecp_window_.reset();
   current_.reset();
   current_.emplace(session_, tests[static_cast<size_t>(index)]);
   current_index_ = index;
+  return CurrentChannels();
+}
+
+std::vector<int> FrmPluralSoundings::CurrentChannels() const {
   std::vector<int> channels;
   for (const std::string& name : selected_) {
     if (const int c = ChannelNamed(session_.Sounding(), name); c != 0) channels.push_back(c);
@@ -692,35 +901,71 @@ void FrmPluralSoundings::BatchPlot() {
     prompts_.Tell("Please select at least one channel to plot");
     return;
   }
-  batch_plot_.reset();
+  PutBackCurrentTest();
   const std::vector<int> channels = MakeTestCurrent(0);
   batch_plot_ = std::make_unique<Form4>(session_, prompts_, channels, 1, [this] {
     if (batch_plot_ != nullptr) batch_plot_.release()->deleteLater();
-    current_.reset();
+    PutBackCurrentTest();
   }, this);
   batch_plot_->setWindowFlag(Qt::Window);
   batch_plot_->SetTestStepper([this](int step) { return MakeTestCurrent(current_index_ + step); });
   batch_plot_->show();
 }
 
+std::optional<std::vector<int>> FrmPluralSoundings::TestForWindow() {
+  if (SelectedTests(session_).empty()) {
+    prompts_.Tell("PLEASE SELECT AT LEAST ONE TEST");
+    return std::nullopt;
+  }
+  // The test on show in the batch plot stays current; otherwise the first ticked test is made so.
+  if (current_.has_value() && batch_plot_ != nullptr) return CurrentChannels();
+  PutBackCurrentTest();
+  return MakeTestCurrent(0);
+}
+
+void FrmPluralSoundings::ListEcp() {
+  const auto channels = TestForWindow();
+  if (!channels) return;
+  ecp_window_.reset();
+  ecp_window_ = std::make_unique<FrmSoundingECPData>(session_, prompts_, *channels, this);
+  ecp_window_->setWindowFlag(Qt::Window);
+  ecp_window_->show();
+}
+
+// The editor works on the test's own store, lent to the session, so what it changes stays in the
+// slot when the test goes back.
+void FrmPluralSoundings::EditTest() {
+  if (!TestForWindow()) return;
+  if (edit_window_ != nullptr) edit_window_->CloseWithoutAsking();
+  edit_window_ = std::make_unique<FrmEdit>(session_, prompts_, [this] { LoadSoundings(); }, this);
+  edit_window_->setWindowFlag(Qt::Window);
+  edit_window_->show();
+}
+
 void FrmPluralSoundings::Return() {
   const auto close_open = [this](QWidget* window, const char* question) {
     if (window == nullptr || !window->isVisible()) return true;
     if (prompts_.Ask(question, Buttons::kYesNo) != Answer::kYes) return false;
+    // The editor may still keep the user from leaving it.
     window->close();
-    return true;
+    return !window->isVisible();
   };
   if (!close_open(plot_window_.get(), "Plot window is open. Close window and continue?")) return;
   if (!close_open(batch_plot_.get(), "Plot window is open. Close window and continue?")) return;
   if (!close_open(list_window_.get(), "List window is open. Close window and continue?")) return;
+  if (!close_open(ecp_window_.get(), "ECP window is open. Close window and continue?")) return;
+  if (!close_open(edit_window_.get(), "Edit window is open. Close window and continue?")) return;
   session_.MultipleSoundingMode = optCombinedSelection->isChecked() ? 1 : optSideBySideSelection->isChecked() ? 2 : 0;
   session_.MultipleSoundingScaling = session_.set.ScalingMode;
   WriteFileAtomically(session_.SettingsPath("Multiple Sounding Preferences.txt"),
                       std::to_string(session_.MultipleSoundingMode) + "\r\n" +
                           std::to_string(session_.MultipleSoundingScaling) + "\r\n");
   if (batch_plot_ != nullptr) batch_plot_.release()->deleteLater();
+  ecp_window_.reset();
+  edit_window_.reset();
   current_.reset();
   ClearSet(session_);
+  EndSelectionMode(session_);
   selected_.clear();
   if (on_return_) on_return_();
 }

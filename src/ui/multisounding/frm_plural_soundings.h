@@ -33,6 +33,8 @@ class QFileSystemModel;
 namespace marlview {
 
 class Form4;
+class FrmEdit;
+class FrmSoundingECPData;
 class PlotPicture;
 class Session;
 
@@ -43,6 +45,7 @@ class FrmLoadMultipleSoundings : public QDialog {
   FrmLoadMultipleSoundings(Session& session, UserPrompts& prompts, QWidget* parent = nullptr);
   // The files chosen, in the list's order, once OK was accepted.
   const std::vector<std::string>& Chosen() const { return chosen_; }
+  const QString& Folder() const { return folder_; }
   // Opens a folder in Dir1 and lists its files.
   void ShowFolder(const QString& folder);
 
@@ -63,25 +66,70 @@ class FrmLoadMultipleSoundings : public QDialog {
   std::vector<std::string> chosen_;
 };
 
+// frmCombinedPlotsData: the read-out beside the set plot, and the depth adjustment of one test
+// (titled ADJUST DEPTH beside the side-by-side plot).
+class FrmCombinedPlotsData : public QMainWindow {
+  Q_OBJECT
+ public:
+  // on_shift runs after a test's depths moved, so the plot follows.
+  FrmCombinedPlotsData(Session& session, UserPrompts& prompts, const SetPlotLayout& layout,
+                       std::function<void()> on_shift, QWidget* parent = nullptr);
+  // The read-out of the plot's cursor.
+  void ShowReadout(const std::optional<SetReadout>& readout);
+  // The slot whose depths cmdUp and cmdDown move.
+  int AdjustedSlot() const;
+
+  std::vector<QLabel*> lblGraphData;
+  QLabel* lblGraphYData;
+  QComboBox* cmbAdjustTest;
+  QLabel* lblDepthOffset;
+  QLabel* lblDepthUnits;
+  QPushButton* cmdUp;
+  QPushButton* cmdDown;
+  QAction* mnuHideDataScreen;
+
+ private:
+  void Shift(int steps);
+  void ShowOffset();
+  Session& session_;
+  UserPrompts& prompts_;
+  std::vector<int> slots_;
+  std::function<void()> on_shift_;
+};
+
 // frmCombinedPlots and frmSideBySidePlots: one window, the layout telling which.
 class FrmSetPlot : public QMainWindow {
   Q_OBJECT
  public:
   FrmSetPlot(Session& session, UserPrompts& prompts, SetPlotLayout layout, QWidget* parent = nullptr);
+  ~FrmSetPlot() override;
   const SetPlotLayout& Layout() const { return layout_; }
+  FrmCombinedPlotsData* DataWindow() const { return data_window_.get(); }
+  // The layout made again from the set, for a change of depth unit, axis or a test's depths.
+  void Relayout();
 
   PlotPicture* picPlot;
   QLabel* lblDepth;
   std::vector<QLabel*> lblChannelValue;
   QAction* mnuPrintNoCoverSheet;
   QAction* mnuPrintWithCoverSheet;
+  QAction* mnuDepth;
+  QAction* mnuElevation;
+  QAction* mnuGridOn;
+  QAction* mnuGridOff;
+  QAction* mnuMeters;
+  QAction* mnuFeet;
+  QAction* mnuDisplayDataScreen;
   QAction* mnuReturn;
 
  private:
+  void UpdateChecks();
+  void ToggleDataWindow();
   Session& session_;
   UserPrompts& prompts_;
   SetPlotLayout layout_;
   SetPlotArea area_;
+  std::unique_ptr<FrmCombinedPlotsData> data_window_;
 };
 
 // frmCombinedSoundingData: the ticked tests on the common grid, with its exports and prints.
@@ -92,6 +140,11 @@ class FrmCombinedSoundingData : public QMainWindow {
                           QWidget* parent = nullptr);
   // Writes an export of the form to path as its menu entry does once the file is chosen.
   void SaveTo(CombinedForm form, bool include_header);
+  // Puts the test the set window has made current back in its slot, before the list's commands
+  // make each test current in turn.
+  std::function<void()> put_back_current_test;
+  // Runs once the list's commands have changed the tests, so the plot follows.
+  std::function<void()> tests_changed;
 
   QPlainTextEdit* Picture1;
   QAction* mnuSavetxtIncludeHeader;
@@ -102,10 +155,16 @@ class FrmCombinedSoundingData : public QMainWindow {
   QAction* mnuExportCorFileDiscardHeader;
   QAction* mnuPrintNoCoverSheet;
   QAction* mnuPrintWithCoverSheet;
+  QAction* mnuRemoveRodBreaks;
+  QAction* mnuWetDensity;
   QAction* mnuReturn;
 
  private:
   void Print(bool cover_sheets);
+  // The list shown again from the set, after a change to its tests.
+  void Refill();
+  // Runs a single-sounding dialog on each ticked test in turn, each made current while it shows.
+  void OnEachTest(const char* source, const std::function<void()>& dialog);
   Session& session_;
   UserPrompts& prompts_;
   std::vector<std::string> channels_;
@@ -158,6 +217,8 @@ class FrmPluralSoundings : public QMainWindow {
   FrmSetPlot* PlotWindow() const { return plot_window_.get(); }
   FrmCombinedSoundingData* ListWindow() const { return list_window_.get(); }
   Form4* BatchPlotWindow() const { return batch_plot_.get(); }
+  FrmSoundingECPData* EcpWindow() const { return ecp_window_.get(); }
+  FrmEdit* EditWindow() const { return edit_window_.get(); }
 
   QRadioButton *optBatchSelection, *optCombinedSelection, *optSideBySideSelection;
   QRadioButton *optCommonScaling, *optIndividualScaling;
@@ -165,8 +226,8 @@ class FrmPluralSoundings : public QMainWindow {
   std::vector<QCheckBox*> chkSelectTest;
   QListWidget* lstAvailableChannels;
   QListWidget* lstSelectedChannels;
-  QPushButton *cmdLoadIndividualTest, *cmdLoadMultipleTests, *cmdPlotSounding, *cmdListSounding, *cmdBatchExport,
-      *cmdClearAll, *cmdClearSelection, *cmdSelectDeselectAll;
+  QPushButton *cmdLoadIndividualTest, *cmdLoadMultipleTests, *cmdPlotSounding, *cmdListSounding, *cmdListECP,
+      *cmdEdit, *cmdBatchExport, *cmdClearAll, *cmdClearSelection, *cmdSelectDeselectAll;
   QAction *mnuSaveTemplate, *mnuSelectTemplate, *mnuReturn;
 
  private:
@@ -177,8 +238,18 @@ class FrmPluralSoundings : public QMainWindow {
   void PlotSounding();
   void ListSounding();
   void BatchPlot();
+  // cmdListECP and cmdEdit: the window on the test on show in the batch plot, else the first ticked.
+  void ListEcp();
+  void EditTest();
+  // The channels of the test made current for a single-sounding window, making one current first
+  // when none is; empty when no test is ticked.
+  std::optional<std::vector<int>> TestForWindow();
   // Makes the ticked test at index current (of the ticked ones), putting back the one before.
   std::vector<int> MakeTestCurrent(int index);
+  // The selected channels the current test has, or its default list.
+  std::vector<int> CurrentChannels() const;
+  // Closes the single-sounding windows on the current test and puts the test back in its slot.
+  void PutBackCurrentTest();
   void Return();
 
   Session& session_;
@@ -188,6 +259,8 @@ class FrmPluralSoundings : public QMainWindow {
   std::unique_ptr<FrmSetPlot> plot_window_;
   std::unique_ptr<FrmCombinedSoundingData> list_window_;
   std::unique_ptr<Form4> batch_plot_;
+  std::unique_ptr<FrmSoundingECPData> ecp_window_;
+  std::unique_ptr<FrmEdit> edit_window_;
   std::optional<CurrentTest> current_;
   int current_index_ = 0;
 };
