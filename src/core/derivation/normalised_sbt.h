@@ -51,6 +51,10 @@ NormalisedSbt ClassifyNormalised(const NormalisedInput& in);
 struct NormalisedChannels {
   int n = 0, qtn = 0, fr = 0, ic = 0, sbtn = 0, bq = 0;
 };
+// Whether channel c is the SBTn zone: the plots, lists and reports show it as a 1990 zone.
+inline bool IsSbtnChannel(const SoundingStore& s, int c) {
+  return c > 0 && c <= kMaxChannels && s.ChannelCatalogueId[c] == kSbtnId;
+}
 // The six channels of a sounding derived with the setting on, by catalogue id; 0 where absent.
 NormalisedChannels FindNormalisedChannels(const SoundingStore& store);
 // Fills the channels for every reading of the sounding, the same value in every output and mirror.
