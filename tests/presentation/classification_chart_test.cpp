@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "core/derivation/derived_channels.h"
 #include "core/derivation/normalised_sbt.h"
 #include "core/derivation/sbt1990.h"
 #include "core/presentation/classification_chart.h"
@@ -182,6 +183,15 @@ TEST(NormalisedChart, ReadingsOfTheNormalisedChannels) {
   EXPECT_TRUE(surface.HasText("    SBTn: 5"));
   EXPECT_TRUE(surface.HasText("Qtn"));
   EXPECT_TRUE(surface.HasText("Fr (%)"));
+
+  // Derived without the setting, the chart stands alone with nothing read out.
+  t.session->NormalisedClassification = 0;
+  ComputeDerivedChannels(*t.session, t.session->Sounding().ChannelCount);
+  RecordingSurface alone(1000, 1000);
+  DrawClassificationChart(alone, 1000, 1000, session, ChartView{.kind = ChartKind::kNormalised});
+  EXPECT_TRUE(Marks(alone).empty());
+  EXPECT_FALSE(alone.HasText("Depth"));
+  EXPECT_TRUE(alone.HasText("Ic contours 1.31, 2.05, 2.60, 2.95, 3.60"));
 }
 
 }  // namespace

@@ -125,11 +125,14 @@ void ChartDrawing::Draw(double left, double top, double right, double bottom, bo
   height_in_ = std::max(1.0, bottom - top_ - line * 5);
   if (normalised) {
     NormalisedAxes(line);
-    for (const ChartPolyline& boundary : NormalisedChartBoundaries()) Polyline(boundary, kBlack);
+    // The chart itself never changes: worked out once, drawn on every paint as the scroll moves.
+    static const std::vector<ChartPolyline> kBoundaries = NormalisedChartBoundaries();
+    static const std::vector<ChartZoneLabel> kZoneLabels = NormalisedZoneLabels();
+    for (const ChartPolyline& boundary : kBoundaries) Polyline(boundary, kBlack);
     for (double ic : kIcContours) {
       for (const ChartPolyline& contour : IcContour(ic)) Polyline(contour, kIcColour);
     }
-    for (const ChartZoneLabel& label : NormalisedZoneLabels()) {
+    for (const ChartZoneLabel& label : kZoneLabels) {
       const std::string text = FormatNumber(label.zone, "###0");
       Text(X(label.place->x) - g_.TextWidth(text) / 2, Y(label.place->y) - g_.TextHeight(text) / 2, text);
     }
@@ -202,6 +205,8 @@ void ChartDrawing::NormalisedReadings() {
 void ChartDrawing::NormalisedReadout(double y) {
   const int count = session_.Sounding().ReadingCount;
   if (!view_.readings || view_.first_row < 1 || view_.first_row > count) return;
+  // A sounding derived without the normalised classification has nothing to read out.
+  if (FindNormalisedChannels(session_.Sounding()).qtn == 0) return;
   const NormalisedChartPoint p = NormalisedChartPointOf(session_, view_.first_row, view_.depth_unit);
   const std::string unit = view_.depth_unit == 1 ? " (m)" : " (ft)";
   Text(left_, y,
