@@ -45,6 +45,8 @@ bool ParseGlobalOption(const std::string& a, const std::function<const std::stri
     o.answers.import_munsell = answer == "import";
   } else if (a == "--tip-area") {
     o.answers.tip_area = value();
+  } else if (a == "--sbtn") {
+    o.sbtn = true;
   } else if (a == "--yes") {
     o.answers.yes = true;
   } else {
@@ -98,11 +100,16 @@ int TellUsage(std::ostream& err, const UsageError& error, std::string_view usage
   return 2;
 }
 
+void ApplyGlobalSettings(Session& session, const GlobalOptions& options) {
+  if (options.sbtn) session.NormalisedClassification = 1;
+}
+
 std::unique_ptr<Session> StartCliSession(const GlobalOptions& options, const std::string& program_directory,
                                          UserPrompts& prompts) {
   auto session = std::make_unique<Session>(
       SessionPaths{ResolveDataDirectory(options.data_dir), ResolveDefaultsDirectory(program_directory)});
   RunStartup(*session, prompts);
+  ApplyGlobalSettings(*session, options);
   return session;
 }
 

@@ -29,8 +29,12 @@ struct GlobalOptions {
   std::string data_dir;
   bool feet = false;
   std::optional<double> water_table;
+  // --sbtn: the normalised classification is on for this run, whatever its settings file says.
+  bool sbtn = false;
   CliAnswers answers;
 };
+// The settings a global option overrides for the run, once start-up has read the files.
+void ApplyGlobalSettings(Session& session, const GlobalOptions& options);
 
 // Takes a global option, reading its value through value; false when a is none of them.
 bool ParseGlobalOption(const std::string& a, const std::function<const std::string&()>& value,

@@ -148,6 +148,7 @@ struct OpenedSounding {
       : prompts(WithFile(options.answers, file), err),
         session({ResolveDataDirectory(options.data_dir), ResolveDefaultsDirectory(program_directory)}) {
     RunStartup(session, prompts);
+    ApplyGlobalSettings(session, options);
     if (options.feet) session.DepthUnitIsMetric = 0;
     controller.emplace(session, prompts);
     controller->ChooseMode(ProcessingMode::kSounding);

@@ -73,6 +73,7 @@ Json SettingsJson(Session& s) {
   j["defaultEcpUnits"] = s.DefaultEcpUnits;
   j["printSeismicTxtHeader"] = s.PrintSeismicTxtHeader;
   j["multipleSoundingPreferences"] = {{"mode", s.MultipleSoundingMode}, {"scaling", s.MultipleSoundingScaling}};
+  j["normalisedClassification"] = s.NormalisedClassification;
   const GeneralSettings& g = s.general;
   j["general"] = {{"company", g.CompanyGraphTitle},
                   {"customer", g.Customer},
@@ -255,6 +256,7 @@ void ApplySetting(Session& s, GeneralSettingsForm& form, const std::string& key,
         {"defaultPPFormat", "DefaultPPFormat.txt", &Session::DefaultPPFormat},
         {"defaultEcpUnits", "Default ECP Units.txt", &Session::DefaultEcpUnits},
         {"printSeismicTxtHeader", "Print Seismic TXT Export Header.txt", &Session::PrintSeismicTxtHeader},
+        {"normalisedClassification", kNormalisedClassificationFile, &Session::NormalisedClassification},
     };
     for (const OneWord& one : kWords) {
       if (key != one.key) continue;

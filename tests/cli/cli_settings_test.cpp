@@ -24,6 +24,10 @@ TEST_F(CliSettingsTest, ShowGivesTheDefaultsOfAFreshDirectoryAndSetWritesWhatEac
   EXPECT_EQ(j["sbtColors"]["twelve"][3], Json::parse("[93, 96, 225]"));
   EXPECT_TRUE(j["defaultTemplate"].is_null());
   EXPECT_FALSE(j["logo"]["present"]);
+  EXPECT_EQ(j["normalisedClassification"], 0);
+  EXPECT_EQ(Json::parse(Run({"--sbtn", "settings", "show"}).out)["normalisedClassification"], 1);
+  EXPECT_EQ(Run({"settings", "set", "normalisedClassification=1"}).status, 0);
+  EXPECT_EQ(ReadWholeFile(settings_.File("Normalised Classification.txt")), "1\r\n");
 
   // Bad usage anywhere writes nothing.
   EXPECT_EQ(Run({"settings", "set", "general.customer=Delta", "general.defaultSystem=40000"}).status, 2);

@@ -62,6 +62,11 @@ TEST_F(CliTest, ChannelsWritesTheTableInEachView) {
   EXPECT_EQ(Head(Lines(Run({"channels", file}).out).at(1), 4), "0.02,0.101,0,0.01");
   EXPECT_EQ(Head(Lines(Run({"channels", "--kind", "1", file}).out).at(1), 4), "0.02,0.6963705,0,0.01");
 
+  // The normalised classification for this run only: its six channels follow Push Speed.
+  EXPECT_TRUE(Lines(Run({"--sbtn", "channels", file}).out).at(0).ends_with(
+      ",Push Speed,Stress Exponent n,Qtn,Fr (Normalised),Ic,SBTn(2009)*,Bq"));
+  EXPECT_FALSE(FileExists(settings_.File("Normalised Classification.txt")));
+
   const auto feet = Lines(Run({"--feet", "channels", file}).out);
   EXPECT_EQ(Head(feet.at(0), 4), "Depth (ft),Tip Resistance (Qc),Sleeve Friction,Pore Pressure U2");
   EXPECT_NEAR(std::stod(feet.at(1)), 0.02 / 0.3048, 1e-6);

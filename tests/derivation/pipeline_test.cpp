@@ -5,6 +5,7 @@
 
 #include "core/derivation/correlations.h"
 #include "core/derivation/derived_channels.h"
+#include "core/derivation/normalised_sbt.h"
 #include "core/derivation/push_speed.h"
 #include "support/test_support.h"
 
@@ -252,6 +253,70 @@ TEST(PushSpeed, FileSpeedsBelowHalfACentimetreTakeTheirNeighbours) {
   EXPECT_FLOAT_EQ(speed(1), 0.2f) << "the first row is kept";
   EXPECT_FLOAT_EQ(speed(3), 1.5f);
   EXPECT_FLOAT_EQ(speed(5), 0.5f);
+}
+
+// Readings in kPa: one at 5 m worked by hand, one with the tip below the overburden, and one
+// whose sleeve reading is missing.
+std::vector<Reading> NormalisedRows(double to_unit = 1) {
+  return {{5.0, 2480 * to_unit, 40 * to_unit, 100 * to_unit},
+          {6.0, 50 * to_unit, 1 * to_unit, 0},
+          {7.0, 2480 * to_unit, 40 * to_unit, 100 * to_unit}};
+}
+
+TEST_F(PipelineTest, NormalisedClassificationFollowsPushSpeed) {
+  t.session->NormalisedClassification = 1;
+  Make(kPxDasFamily, NormalisedRows());
+  s.MissingReading(3, s.SleeveChannel) = 1;
+  Derive();
+  const int first = s.TotalChannels - 5;
+  ASSERT_EQ(s.ChannelName[first - 1], "Push Speed");
+  struct Expected {
+    const char* name;
+    const char* short_name;
+    int id, group, style;
+  };
+  const Expected expected[] = {{"Stress Exponent n", "n", 62, 12, 0}, {"Qtn", "Qtn", 63, 12, 0},
+                               {"Fr (Normalised)", "Fr (Norm.)", 64, 11, 0}, {"Ic", "Ic", 65, 12, 0},
+                               {"SBTn(2009)*", "SBTn", 66, 18, 2},         {"Bq", "Bq", 67, 12, 0}};
+  for (int i = 0; i < 6; ++i) {
+    const int c = first + i;
+    EXPECT_EQ(s.ChannelName[c], expected[i].name);
+    EXPECT_EQ(s.ChannelShortName[c], expected[i].short_name);
+    EXPECT_EQ(s.ChannelCatalogueId[c], expected[i].id);
+    EXPECT_EQ(s.ChannelUnitGroup[c], expected[i].group);
+    EXPECT_EQ(s.ChannelCurveStyle[c], expected[i].style);
+  }
+  // 5 m: sigma_v0 = sigma'_v0 = 120 / 1728 x 16.4042 ft x 12 x 6.89476 = 94.2525 kPa (no water table),
+  // qt = 2480 + 0.2 x 100 = 2500, net 2405.7475, Fr = 4000 / 2405.7475 = 1.662685 %.
+  // n 1 -> 0.8558603 -> 0.8570181 -> 0.8570088 (settled); Qtn 25.30936, Ic 2.519377: zone 5.
+  const double row1[] = {0.8570088, 25.30936, 1.662685, 2.519377, 5, 100 / 2405.7475};
+  for (int i = 0; i < 6; ++i) {
+    const int c = first + i;
+    for (int k = 0; k < kOutputKinds; ++k) EXPECT_NEAR(s.AlignedReadings(1, KindColumn(c, k)), row1[i], 2e-5);
+    for (int m = 0; m < kFixedPressureTables; ++m) EXPECT_NEAR(s.AlignedFixedPressure[m](1, c), row1[i], 2e-5);
+    // The tip below the overburden and the missing sleeve reading give 0; an unclassified zone
+    // is -99 in the fixed copies, as in every classification.
+    for (int r : {2, 3}) {
+      EXPECT_EQ(s.AlignedReadings(r, KindColumn(c, kCsvOutput)), 0) << "row " << r << " channel " << i;
+      EXPECT_EQ(s.AlignedFixedPressure[1](r, c), i == 4 ? -99 : 0) << "row " << r << " channel " << i;
+    }
+  }
+
+  t.session->NormalisedClassification = 0;
+  Derive();
+  EXPECT_EQ(s.TotalChannels, first - 1) << "the setting off leaves Push Speed last";
+}
+
+TEST_F(PipelineTest, NormalisedClassificationInPsiAndWithoutPorePressure) {
+  t.session->NormalisedClassification = 1;
+  Make(kKorvanDatFamily, NormalisedRows(1 / kKpaPerPsi));
+  const int first = s.TotalChannels - 5;
+  EXPECT_NEAR(s.AlignedReadings(1, KindColumn(first + 1, kGraphOutput)), 25.30936, 1e-3) << "Qtn as in kPa";
+  EXPECT_NEAR(s.AlignedReadings(1, KindColumn(first + 3, kGraphOutput)), 2.519377, 1e-5) << "Ic as in kPa";
+
+  Make(kPxDasFamily, NormalisedRows(), true, false);
+  EXPECT_EQ(s.ChannelName[s.TotalChannels], "SBTn(2009)*") << "no Bq without a pore pressure channel";
+  EXPECT_EQ(s.ChannelName[s.TotalChannels - 5], "Push Speed");
 }
 
 TEST(PushSpeed, TimeStampsAndDepthsOfTheDataLines) {

@@ -81,6 +81,35 @@ class ReportChartTest : public QObject, protected marlview::test::MainWindowTest
     chart->CloseChart->trigger();
     QTRY_VERIFY(form_->findChild<marlview::Form6*>() == nullptr);
   }
+
+  void normalisedClassificationFromTheSettingsMenuAndTheChart() {
+    OpenSounding();
+    const int classic = S().Sounding().TotalChannels;
+    const int rows = form_->lstAvailableChannels->count();
+    form_->mnuNormalisedClassification->trigger();
+    QVERIFY(form_->mnuNormalisedClassification->isChecked());
+    QCOMPARE(marlview::ReadWholeFile(S().SettingsPath("Normalised Classification.txt")), std::string("1\r\n"));
+    // The demo sounding has a pore pressure channel, so Bq comes with the other five.
+    QCOMPARE(S().Sounding().TotalChannels, classic + 6);
+    QCOMPARE(form_->lstAvailableChannels->count(), rows + 6);
+    QCOMPARE(form_->lstAvailableChannels->item(rows + 4)->text(), QString("SBTn(2009)*"));
+
+    form_->mnuClassificationChart->trigger();
+    auto* chart = form_->findChild<marlview::Form6*>();
+    QVERIFY(chart != nullptr && QTest::qWaitForWindowExposed(chart));
+    QVERIFY(chart->mnuChartUbc1983->isChecked());
+    chart->mnuChartNormalised->trigger();
+    QVERIFY(chart->mnuChartNormalised->isChecked() && !chart->mnuChartUbc1983->isChecked());
+    QVERIFY(chart->View().kind == marlview::ChartKind::kNormalised);
+    chart->CloseChart->trigger();
+
+    form_->mnuNormalisedClassification->trigger();
+    QVERIFY(!form_->mnuNormalisedClassification->isChecked());
+    QCOMPARE(marlview::ReadWholeFile(S().SettingsPath("Normalised Classification.txt")), std::string("0\r\n"));
+    QCOMPARE(S().Sounding().TotalChannels, classic);
+    QCOMPARE(form_->lstAvailableChannels->count(), rows);
+    QVERIFY(t_->prompts.Texts().empty());
+  }
 };
 
 QTEST_MAIN(ReportChartTest)

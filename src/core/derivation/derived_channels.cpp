@@ -6,6 +6,7 @@
 
 #include "core/derivation/channel_values.h"
 #include "core/derivation/correlations.h"
+#include "core/derivation/normalised_sbt.h"
 #include "core/derivation/push_speed.h"
 #include "core/derivation/sbt1983.h"
 #include "core/derivation/sbt1986.h"
@@ -77,6 +78,7 @@ class Pipeline {
   void Classify1990Qt(int c);
   void Classify1990Bq(int c);
   void WetDensity(int c);
+  void NormalisedClassification();
   // Stresses and tips for the 1986 pore pressure and 1990 charts: in the file's units, except
   // that the kPa family's values are brought to psi where the chart asks for it.
   double InPsi(double value) const { return v_.PsiFamily() ? value : value / kPsiToKpa; }
@@ -204,6 +206,19 @@ void Pipeline::Run() {
   if (s_.PushSpeedDerived) {
     CalculatePushSpeed(v_, speed, {session_.rod_break.RemoveOnOpen == 1, session_.rod_break.Threshold});
   }
+  if (session_.NormalisedClassification == 1) NormalisedClassification();
+}
+
+// The six channels carry no role: they are found by their catalogue ids.
+void Pipeline::NormalisedClassification() {
+  NormalisedChannels ch;
+  ch.n = Add({"Stress Exponent n", "n", "n:", kStressExponentId, kNoUnitsGroup, 0, nullptr});
+  ch.qtn = Add({"Qtn", "Qtn", "Qtn:", kQtnId, kNoUnitsGroup, 0, nullptr});
+  ch.fr = Add({"Fr (Normalised)", "Fr (Norm.)", "Fr (Norm.)(%):", kFrNormalisedId, kPercentageGroup, 0, nullptr});
+  ch.ic = Add({"Ic", "Ic", "Ic:", kIcId, kNoUnitsGroup, 0, nullptr});
+  ch.sbtn = Add({"SBTn(2009)*", "SBTn", "SBTn:", kSbtnId, kSbt90Group, 2, nullptr});
+  if (s_.PorePressureChannel != 0) ch.bq = Add({"Bq", "Bq", "Bq:", kBqId, kNoUnitsGroup, 0, nullptr});
+  CalculateNormalisedSbt(v_, ch);
 }
 
 void Pipeline::InclinationTotal(int c) {

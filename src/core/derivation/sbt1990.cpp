@@ -3,6 +3,8 @@
 
 #include <cmath>
 
+#include "core/common/runtime_failure.h"
+
 namespace marlview {
 namespace {
 
@@ -21,6 +23,23 @@ Normalised1990 Normalise1990(double qt, double fs, double u, double u0, double s
   return {(qt - sigma_v) / (sigma_eff == 0 ? kNudge : sigma_eff), 100 * fs / net, (u - u0) / net};
 }
 
+double Boundary1990Qt(int curve, double f) {
+  switch (curve) {
+    case 1: return Quartic(f, 151.18, -78.04, 1576.83, -2307.44, 1624.55);
+    case 2: return Quartic(f, 26.15, 7.04, 49.38, -23.55, 6.16);
+    case 3: return Quartic(f, 7.673, 0.68, 11.4002, -4.721, 0.8294);
+    case 4: return Pow10(5.3558 * std::log10(f) - 1.2027);
+    case 5: return Pow10(12.8928 * std::log10(f) - 6.1783);
+    case 6: return Quartic(f, 5.0123, -2.1898, 3.351, -0.7415, 0.08035);
+    case 7: return Quartic(f, 0.07886, 0.82224, -0.1838, 0.025918, -0.00083187);
+    case 8: return Pow10(-2.3866 * std::log10(f) + 3.3177);
+    case 9: return Pow10(-1.9115 * std::log10(f) + 3.1199);
+    case 10: return Quartic(f, 605.16, -280.8, 54.73, -4.77, 0.1557);
+    case 11: return Quartic(f, 11.66, -13.23, 4.41, 0.7095, -0.5156);
+    default: Fail(kErrSubscript);
+  }
+}
+
 int16_t Zone1990Qt(double qn, double f) {
   if (qn <= 1 || qn >= 1000 || f <= 0.1 || f >= 10) {
     // Friction ratios of 10 to 20 % are taken into the chart as clays or stiff fine soils.
@@ -28,26 +47,15 @@ int16_t Zone1990Qt(double qn, double f) {
     return qn < 60 ? 3 : 9;
   }
   // Each boundary is worked out only when its test is reached.
-  const double log_f = std::log10(f);
-  auto c1 = [&] { return Quartic(f, 151.18, -78.04, 1576.83, -2307.44, 1624.55); };
-  auto c2 = [&] { return Quartic(f, 26.15, 7.04, 49.38, -23.55, 6.16); };
-  auto c3 = [&] { return Quartic(f, 7.673, 0.68, 11.4002, -4.721, 0.8294); };
-  auto c4 = [&] { return Pow10(5.3558 * log_f - 1.2027); };
-  auto c5 = [&] { return Pow10(12.8928 * log_f - 6.1783); };
-  auto c6 = [&] { return Quartic(f, 5.0123, -2.1898, 3.351, -0.7415, 0.08035); };
-  auto c7 = [&] { return Quartic(f, 0.07886, 0.82224, -0.1838, 0.025918, -0.00083187); };
-  auto c8 = [&] { return Pow10(-2.3866 * log_f + 3.3177); };
-  auto c9 = [&] { return Pow10(-1.9115 * log_f + 3.1199); };
-  auto c10 = [&] { return Quartic(f, 605.16, -280.8, 54.73, -4.77, 0.1557); };
-  auto c11 = [&] { return Quartic(f, 11.66, -13.23, 4.41, 0.7095, -0.5156); };
-  if (c11() > qn) return 1;
-  if (c1() < qn) return 7;
-  if (c2() < qn && c8() > qn) return 6;
-  if (c3() < qn && c9() > qn) return 5;
-  if (c6() < qn && c10() > qn) return 4;
-  if (c7() < qn && c10() > qn) return 3;
-  if (c7() > qn) return 2;
-  return c4() < qn && c5() < qn ? 8 : 9;
+  auto c = [f](int curve) { return Boundary1990Qt(curve, f); };
+  if (c(11) > qn) return 1;
+  if (c(1) < qn) return 7;
+  if (c(2) < qn && c(8) > qn) return 6;
+  if (c(3) < qn && c(9) > qn) return 5;
+  if (c(6) < qn && c(10) > qn) return 4;
+  if (c(7) < qn && c(10) > qn) return 3;
+  if (c(7) > qn) return 2;
+  return c(4) < qn && c(5) < qn ? 8 : 9;
 }
 
 int16_t ClassifySoil1990Qt(double qt, double fs, double sigma_v, double sigma_eff) {

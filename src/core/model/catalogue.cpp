@@ -78,6 +78,12 @@ constexpr Row kCatalogue[] = {
     {59, "Seismic P", kVoltageGroup, 1},
     {60, "Seismic S1", kVoltageGroup, 1},
     {61, "Seismic S2", kVoltageGroup, 1},
+    {62, "Stress Exponent n", kNoUnitsGroup, 1},
+    {63, "Qtn", kNoUnitsGroup, 1},
+    {64, "Fr (Normalised)", kPercentageGroup, 1},
+    {65, "Ic", kNoUnitsGroup, 1},
+    {66, "SBTn(2009)*", kSbt90Group, 1},
+    {67, "Bq", kNoUnitsGroup, 1},
     {99, "any other sensor", kVoltageGroup, 1},
 };
 

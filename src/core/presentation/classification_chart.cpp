@@ -4,11 +4,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 #include <string>
 
 #include "core/common/number_format.h"
 #include "core/common/runtime_failure.h"
 #include "core/derivation/derived_channels.h"
+#include "core/derivation/normalised_sbt.h"
+#include "core/derivation/sbt1990.h"
 #include "core/presentation/print_job.h"
 #include "core/session/session.h"
 
@@ -21,6 +24,40 @@ constexpr Colour kGridColour{192, 192, 192};
 constexpr Colour kReadingColour{255, 0, 0};
 constexpr Colour kCurrentColour{0, 0, 255};
 constexpr double kPageMarginPoints = 54;
+constexpr Colour kIcColour{0, 128, 0};
+
+// The 1990 chart's span in decades: friction ratio 0.1 to 10 %, Qtn 1 to 1000.
+constexpr double kLowLogFr = -1, kHighLogFr = 1, kLowLogQtn = 0, kHighLogQtn = 3;
+// Samples along a boundary curve and around an Ic circle: finer than a pixel on any window.
+constexpr int kBoundarySamples = 400;
+constexpr int kContourSamples = 720;
+// The Ic circles' centre, in log10 Fr and log10 Qtn.
+constexpr double kIcCentreLogFr = -1.22, kIcCentreLogQtn = 3.47;
+
+ChartPlace NormalisedPlace(double log_fr, double log_qtn) {
+  return {(log_fr - kLowLogFr) / (kHighLogFr - kLowLogFr), 1 - (log_qtn - kLowLogQtn) / (kHighLogQtn - kLowLogQtn)};
+}
+
+// Clips the segment a-b (log Fr, log Qtn) to the chart's span; false when none of it lies inside.
+bool ClipToChart(double& ax, double& ay, double& bx, double& by) {
+  double t0 = 0, t1 = 1;
+  const double dx = bx - ax, dy = by - ay;
+  const double p[] = {-dx, dx, -dy, dy};
+  const double q[] = {ax - kLowLogFr, kHighLogFr - ax, ay - kLowLogQtn, kHighLogQtn - ay};
+  for (int i = 0; i < 4; ++i) {
+    if (p[i] == 0) {
+      if (q[i] < 0) return false;
+      continue;
+    }
+    const double r = q[i] / p[i];
+    if (p[i] < 0) t0 = std::max(t0, r);
+    else t1 = std::min(t1, r);
+    if (t0 > t1) return false;
+  }
+  bx = ax + t1 * dx, by = ay + t1 * dy;
+  ax = ax + t0 * dx, ay = ay + t0 * dy;
+  return true;
+}
 
 double ColumnsOf(const ChartData& chart) { return std::max(chart.ColumnLimit(), 1); }
 
@@ -41,6 +78,10 @@ class ChartDrawing {
     g_.Print(text);
   }
   void Axes(double line);
+  void NormalisedAxes(double line);
+  void Polyline(const ChartPolyline& line, Colour colour);
+  void NormalisedReadings();
+  void NormalisedReadout(double y);
   void Boundaries();
   void ZoneNumbers();
   void Readings();
@@ -63,8 +104,12 @@ void ChartDrawing::Draw(double left, double top, double right, double bottom, bo
   Text(left, top, "Classification Data:");
   g_.SetFont("Arial", 8, false, false);
   const double line = g_.TextHeight("Ag");
+  const bool normalised = view_.kind == ChartKind::kNormalised;
   double y = top + title_line;
-  for (const std::string& text : {std::string("Robertson and Campanella UBC-1983"), chart_.Reference}) {
+  const std::string titles[] = {normalised ? "Robertson 1990 Qt-Fr chart, normalised: Qtn and Ic (Robertson 2009)"
+                                           : "Robertson and Campanella UBC-1983",
+                                normalised ? "Ic contours 1.31, 2.05, 2.60, 2.95, 3.60" : chart_.Reference};
+  for (const std::string& text : titles) {
     Text(left, y, text);
     y += line;
   }
@@ -78,11 +123,96 @@ void ChartDrawing::Draw(double left, double top, double right, double bottom, bo
   top_ = y + line * 3;
   width_in_ = std::max(1.0, right - left_ - line);
   height_in_ = std::max(1.0, bottom - top_ - line * 5);
+  if (normalised) {
+    NormalisedAxes(line);
+    // The chart itself never changes: worked out once, drawn on every paint as the scroll moves.
+    static const std::vector<ChartPolyline> kBoundaries = NormalisedChartBoundaries();
+    static const std::vector<ChartZoneLabel> kZoneLabels = NormalisedZoneLabels();
+    for (const ChartPolyline& boundary : kBoundaries) Polyline(boundary, kBlack);
+    for (double ic : kIcContours) {
+      for (const ChartPolyline& contour : IcContour(ic)) Polyline(contour, kIcColour);
+    }
+    for (const ChartZoneLabel& label : kZoneLabels) {
+      const std::string text = FormatNumber(label.zone, "###0");
+      Text(X(label.place->x) - g_.TextWidth(text) / 2, Y(label.place->y) - g_.TextHeight(text) / 2, text);
+    }
+    if (view_.readings) NormalisedReadings();
+    NormalisedReadout(top_ + height_in_ + line * 3.2);
+    return;
+  }
   Axes(line);
   Boundaries();
   ZoneNumbers();
   if (view_.readings) Readings();
   Readout(top_ + height_in_ + line * 3.2);
+}
+
+void ChartDrawing::NormalisedAxes(double line) {
+  const double right = X(1), bottom = Y(1);
+  const double fr_decades = kHighLogFr - kLowLogFr, qtn_decades = kHighLogQtn - kLowLogQtn;
+  for (int decade = 0; decade < qtn_decades; ++decade) {
+    for (int m = 2; m <= 9; ++m) {
+      const double y = Y(1 - (decade + std::log10(m)) / qtn_decades);
+      g_.Line(left_, y, right, y, kGridColour);
+    }
+  }
+  for (int decade = 0; decade < fr_decades; ++decade) {
+    for (int m = 2; m <= 9; ++m) {
+      const double x = X((decade + std::log10(m)) / fr_decades);
+      g_.Line(x, top_, x, bottom, kGridColour);
+    }
+  }
+  for (int decade = 0; decade <= qtn_decades; ++decade) {
+    const double y = Y(1 - decade / qtn_decades);
+    g_.Line(left_, y, right, y, kGridColour);
+    const std::string label = FormatNumber(std::pow(10.0, kLowLogQtn + decade), "###0");
+    Text(left_ - g_.TextWidth(label) - line * 0.3, y - line / 2, label);
+  }
+  for (int decade = 0; decade <= fr_decades; ++decade) {
+    const double x = X(decade / fr_decades);
+    g_.Line(x, top_, x, bottom, kGridColour);
+    static constexpr const char* kFrLabels[] = {"0.1", "1", "10"};
+    const std::string label = kFrLabels[decade];
+    Text(x - g_.TextWidth(label) / 2, bottom + line * 0.2, label);
+  }
+  g_.Box(left_, top_, right, bottom, kBlack, false);
+  Text(left_ - g_.TextWidth("  (Bars)") - line, top_ - line * 1.2, "Qtn");
+  Text(left_ + width_in_ / 2 - g_.TextWidth("Fr (%)") / 2, bottom + line * 1.3, "Fr (%)");
+}
+
+void ChartDrawing::Polyline(const ChartPolyline& points, Colour colour) {
+  for (size_t i = 1; i < points.size(); ++i) {
+    g_.Line(X(points[i - 1].x), Y(points[i - 1].y), X(points[i].x), Y(points[i].y), colour);
+  }
+}
+
+void ChartDrawing::NormalisedReadings() {
+  const int count = session_.Sounding().ReadingCount;
+  const double half = std::min(width_in_, height_in_) / 400;
+  for (int r = std::max(view_.first_row, 1) + 1; r <= count; ++r) {
+    const NormalisedChartPoint point = NormalisedChartPointOf(session_, r, view_.depth_unit);
+    if (!point.place || !Inside(*point.place)) continue;
+    const double x = X(point.place->x), y = Y(point.place->y);
+    g_.Box(x - half, y - half, x + half, y + half, kReadingColour, true);
+  }
+  if (view_.first_row < 1 || view_.first_row > count) return;
+  const NormalisedChartPoint current = NormalisedChartPointOf(session_, view_.first_row, view_.depth_unit);
+  if (!current.place || !Inside(*current.place)) return;
+  const double x = X(current.place->x), y = Y(current.place->y);
+  g_.Box(x - half * 2, y - half * 2, x + half * 2, y + half * 2, kCurrentColour, true);
+}
+
+void ChartDrawing::NormalisedReadout(double y) {
+  const int count = session_.Sounding().ReadingCount;
+  if (!view_.readings || view_.first_row < 1 || view_.first_row > count) return;
+  // A sounding derived without the normalised classification has nothing to read out.
+  if (FindNormalisedChannels(session_.Sounding()).qtn == 0) return;
+  const NormalisedChartPoint p = NormalisedChartPointOf(session_, view_.first_row, view_.depth_unit);
+  const std::string unit = view_.depth_unit == 1 ? " (m)" : " (ft)";
+  Text(left_, y,
+       "Depth" + unit + ": " + FormatNumber(p.depth, "##0.00") + "    Fr (%): " + FormatNumber(p.fr, "##0.00") +
+           "    Qtn: " + FormatNumber(p.qtn, "##0.00") + "    Ic: " + FormatNumber(p.ic, "##0.00") +
+           "    SBTn: " + FormatNumber(p.zone, "###0"));
 }
 
 void ChartDrawing::Axes(double line) {
@@ -184,6 +314,109 @@ std::vector<ChartZoneLabel> ZoneLabelPlaces(const ChartData& chart) {
     labels.push_back(label);
   }
   return labels;
+}
+
+std::optional<ChartPlace> PlaceOnNormalisedChart(double fr, double qtn) {
+  if (fr <= 0 || qtn <= 0) return std::nullopt;
+  return NormalisedPlace(std::log10(fr), std::log10(qtn));
+}
+
+// A sample of a curve is on a boundary when the zones just above and just below it differ.
+std::vector<ChartPolyline> NormalisedChartBoundaries() {
+  std::vector<ChartPolyline> lines;
+  for (int curve = 1; curve <= kBoundaryCurves1990Qt; ++curve) {
+    ChartPolyline current;
+    for (int i = 0; i <= kBoundarySamples; ++i) {
+      const double log_fr = kLowLogFr + (kHighLogFr - kLowLogFr) * i / kBoundarySamples;
+      const double fr = std::pow(10.0, log_fr);
+      const double qtn = Boundary1990Qt(curve, fr);
+      const bool parts = qtn > 1 && qtn < 1000 && Zone1990Qt(qtn * (1 + 1e-6), fr) != Zone1990Qt(qtn * (1 - 1e-6), fr);
+      if (parts) current.push_back(NormalisedPlace(log_fr, std::log10(qtn)));
+      if ((!parts || i == kBoundarySamples) && !current.empty()) {
+        if (current.size() > 1) lines.push_back(std::move(current));
+        current.clear();
+      }
+    }
+  }
+  return lines;
+}
+
+// The circle of radius ic about (-1.22, 3.47) in log10 Fr and log10 Qtn, in pieces where it
+// crosses the chart.
+std::vector<ChartPolyline> IcContour(double ic) {
+  std::vector<ChartPolyline> lines;
+  ChartPolyline current;
+  auto point = [ic](int i, double& x, double& y) {
+    const double angle = 2 * std::numbers::pi * i / kContourSamples;
+    x = kIcCentreLogFr + ic * std::cos(angle);
+    y = kIcCentreLogQtn + ic * std::sin(angle);
+  };
+  for (int i = 0; i < kContourSamples; ++i) {
+    double ax = 0, ay = 0, bx = 0, by = 0;
+    point(i, ax, ay);
+    point(i + 1, bx, by);
+    const bool whole_start = ax >= kLowLogFr && ax <= kHighLogFr && ay >= kLowLogQtn && ay <= kHighLogQtn;
+    if (!ClipToChart(ax, ay, bx, by)) continue;
+    // A piece that enters the chart at a clipped start begins a new line.
+    if (!whole_start && !current.empty()) {
+      lines.push_back(std::move(current));
+      current.clear();
+    }
+    if (current.empty()) current.push_back(NormalisedPlace(ax, ay));
+    current.push_back(NormalisedPlace(bx, by));
+  }
+  if (!current.empty()) lines.push_back(std::move(current));
+  return lines;
+}
+
+// Each zone's number at the grid cell of that zone nearest the middle of all its cells.
+std::vector<ChartZoneLabel> NormalisedZoneLabels() {
+  constexpr int kCells = 60;
+  struct Cell {
+    double x, y;
+  };
+  std::vector<std::vector<Cell>> cells(10);
+  for (int i = 0; i < kCells; ++i) {
+    for (int j = 0; j < kCells; ++j) {
+      const double x = (i + 0.5) / kCells, y = (j + 0.5) / kCells;
+      const double log_fr = kLowLogFr + x * (kHighLogFr - kLowLogFr);
+      const double log_qtn = kHighLogQtn - y * (kHighLogQtn - kLowLogQtn);
+      const int zone = Zone1990Qt(std::pow(10.0, log_qtn), std::pow(10.0, log_fr));
+      if (zone >= 1 && zone <= 9) cells[static_cast<size_t>(zone)].push_back({x, y});
+    }
+  }
+  std::vector<ChartZoneLabel> labels;
+  for (int zone = 1; zone <= 9; ++zone) {
+    const std::vector<Cell>& in = cells[static_cast<size_t>(zone)];
+    if (in.empty()) continue;
+    double mx = 0, my = 0;
+    for (const Cell& c : in) {
+      mx += c.x;
+      my += c.y;
+    }
+    mx /= static_cast<double>(in.size()), my /= static_cast<double>(in.size());
+    const Cell* best = &in.front();
+    for (const Cell& c : in) {
+      if (std::hypot(c.x - mx, c.y - my) < std::hypot(best->x - mx, best->y - my)) best = &c;
+    }
+    labels.push_back({zone, ChartPlace{best->x, best->y}});
+  }
+  return labels;
+}
+
+NormalisedChartPoint NormalisedChartPointOf(const Session& session, int row, int depth_unit) {
+  const SoundingStore& s = session.Sounding();
+  const NormalisedChannels ch = FindNormalisedChannels(s);
+  NormalisedChartPoint point;
+  point.row = row;
+  point.depth = s.DepthTable(row, depth_unit == 1 ? 1 : 2);
+  auto value = [&s, row](int c) { return c == 0 ? 0.0 : s.AlignedReadings(row, KindColumn(c, kGraphOutput)); };
+  point.fr = value(ch.fr);
+  point.qtn = value(ch.qtn);
+  point.ic = value(ch.ic);
+  point.zone = static_cast<int>(value(ch.sbtn));
+  point.place = PlaceOnNormalisedChart(point.fr, point.qtn);
+  return point;
 }
 
 ChartPoint ChartPointOf(const Session& session, int row, int depth_unit) {

@@ -7,6 +7,7 @@
 #include "core/common/number_format.h"
 #include "core/common/number_read.h"
 #include "core/common/text_rules.h"
+#include "core/derivation/normalised_sbt.h"
 #include "core/derivation/sbt1983.h"
 #include "core/session/session.h"
 
@@ -25,7 +26,7 @@ int ZoneChart(const SoundingStore& s, int c) {
   if (c == 0) return -1;
   if (c == s.Sbt83Channel) return kChart1983;
   if (c == s.Sbt86FrChannel || c == s.Sbt86PpChannel) return kChart1986;
-  if (c == s.Sbt90QtChannel || c == s.Sbt90BqChannel) return kChart1990;
+  if (c == s.Sbt90QtChannel || c == s.Sbt90BqChannel || IsSbtnChannel(s, c)) return kChart1990;
   return -1;
 }
 

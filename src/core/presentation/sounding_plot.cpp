@@ -10,6 +10,7 @@
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
+#include "core/derivation/normalised_sbt.h"
 #include "core/presentation/sounding_report.h"
 #include "core/session/session.h"
 
@@ -293,7 +294,7 @@ void AutoScale(PlotState& plot, const Session& session) {
       plot.AxisMin[i] = 0, plot.AxisMax[i] = 12, plot.AxisStep[i] = 1, plot.MinorCount[i] = 13;
       continue;
     }
-    if (c == s.Sbt90QtChannel || c == s.Sbt90BqChannel) {
+    if (c == s.Sbt90QtChannel || c == s.Sbt90BqChannel || IsSbtnChannel(s, c)) {
       plot.AxisMin[i] = 0, plot.AxisMax[i] = 9, plot.AxisStep[i] = 1, plot.MinorCount[i] = 10;
       continue;
     }

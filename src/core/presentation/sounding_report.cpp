@@ -11,6 +11,7 @@
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
+#include "core/derivation/normalised_sbt.h"
 #include "core/presentation/print_job.h"
 #include "core/presentation/sounding_exports.h"
 #include "core/presentation/sounding_list.h"
@@ -84,7 +85,7 @@ constexpr FieldSource kQrdFields[] = {
 
 bool IsSbt(const SoundingStore& s, int c) {
   return c != 0 && (c == s.Sbt83Channel || c == s.Sbt86FrChannel || c == s.Sbt86PpChannel ||
-                    c == s.Sbt90QtChannel || c == s.Sbt90BqChannel);
+                    c == s.Sbt90QtChannel || c == s.Sbt90BqChannel || IsSbtnChannel(s, c));
 }
 
 int ChartOf(const SoundingStore& s, int c) {

@@ -116,6 +116,9 @@ class Session {
   int16_t DefaultPPFormat = 0;
   int16_t DefaultEcpUnits = 0;
   int16_t PrintSeismicTxtHeader = 0;
+  // "Normalised Classification.txt": 1 adds the normalised soil behaviour type channels behind
+  // Push Speed.
+  int16_t NormalisedClassification = 0;
   // "Multiple Sounding Preferences.txt": 0 batch; the scaling word.
   int16_t MultipleSoundingMode = 0;
   int16_t MultipleSoundingScaling = 0;

@@ -39,6 +39,9 @@ struct RodBreakSettings {
 RodBreakSettings ReadRodBreakSettings(std::string_view bytes);
 std::string WriteRodBreakSettings(const RodBreakSettings& settings);
 
+// One line, "1" or "0": whether the derived channels include the normalised soil behaviour type.
+inline constexpr const char* kNormalisedClassificationFile = "Normalised Classification.txt";
+
 // A cone model of "Dimensio.csv" with its nine lengths, stored in metres.
 struct ProbeDimensions {
   std::string model;

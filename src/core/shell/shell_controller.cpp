@@ -389,4 +389,14 @@ void ShellController::SetMultipleTests() {
   });
 }
 
+void ShellController::SetNormalisedClassification(bool on) {
+  Guarded("mnuNormalisedClassification_Click", [&] {
+    WriteFileAtomically(session_.SettingsPath(kNormalisedClassificationFile), NumberLine(on ? 1 : 0));
+    session_.NormalisedClassification = on ? 1 : 0;
+    if (session_.SoundingOpen) ComputeDerivedChannels(session_, session_.Sounding().ChannelCount);
+  });
+  // The six channels come or go at the end of the list; a chosen one that went leaves the selection.
+  SoundingEdited();
+}
+
 }  // namespace marlview

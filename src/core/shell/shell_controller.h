@@ -83,6 +83,9 @@ class ShellController {
   void AddData();
   void SetSingleTest();
   void SetMultipleTests();
+  // The settings menu's "Normalised classification": keeps the choice in its file and derives the
+  // open sounding again, with or without the normalised channels.
+  void SetNormalisedClassification(bool on);
   // The log window's way back to the main window.
   void SeismicDone();
   // The verification window's way back to the main window.

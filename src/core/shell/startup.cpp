@@ -87,6 +87,7 @@ void RunStartup(Session& session, UserPrompts& prompts) {
   session.DefaultPPFormat = 0;
   session.DefaultEcpUnits = 0;
   session.PrintSeismicTxtHeader = 0;
+  session.NormalisedClassification = 0;
   session.MultipleSoundingMode = 0;
   session.MultipleSoundingScaling = 0;
   session.TemplateSelection.clear();
@@ -153,6 +154,7 @@ void RunStartup(Session& session, UserPrompts& prompts) {
   ReadOneWord(session, prompts, "DefaultPPFormat.txt", session.DefaultPPFormat);
   ReadOneWord(session, prompts, "Default ECP Units.txt", session.DefaultEcpUnits);
   ReadOneWord(session, prompts, "Print Seismic TXT Export Header.txt", session.PrintSeismicTxtHeader);
+  ReadOneWord(session, prompts, kNormalisedClassificationFile, session.NormalisedClassification);
   ReadSetting(session, prompts, "Multiple Sounding Preferences.txt", "Form_Load", [&](std::string_view b) {
     const auto words = ReadNumberLines(b, 2);
     const int16_t mode = ToSetting16(words[0]);

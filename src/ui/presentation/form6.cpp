@@ -2,6 +2,7 @@
 // core's, drawn on the window, the fixed picture and the printed page alike.
 #include "ui/presentation/form6.h"
 
+#include <QActionGroup>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
@@ -48,6 +49,16 @@ Form6::Form6(Session& session, UserPrompts& prompts, QWidget* parent)
   PrintChart = NamedAction(file, "PrintChart", "&Print...");
   file->addSeparator();
   CloseChart = NamedAction(file, "CloseChart", "&Close");
+  QMenu* chart = menuBar()->addMenu("&Chart");
+  chart->setObjectName("mnuChart");
+  auto* charts = new QActionGroup(this);
+  mnuChartUbc1983 = NamedAction(chart, "mnuChartUbc1983", "Qt-Fr (UBC-1983)");
+  mnuChartNormalised = NamedAction(chart, "mnuChartNormalised", QString::fromUtf8("Qtn\u2013Fr (normalised)"));
+  for (QAction* action : {mnuChartUbc1983, mnuChartNormalised}) {
+    action->setCheckable(true);
+    charts->addAction(action);
+  }
+  mnuChartUbc1983->setChecked(true);
 
   FollowSounding();
   picChart->on_paint = [this] { PaintChart(); };
@@ -61,6 +72,11 @@ Form6::Form6(Session& session, UserPrompts& prompts, QWidget* parent)
     });
   });
   connect(CloseChart, &QAction::triggered, this, &QWidget::close);
+  const auto choose = [this](QAction* action, ChartKind kind, const char* source) {
+    connect(action, &QAction::triggered, this, [this, kind, source] { Handle(source, [&] { view_.kind = kind; }); });
+  };
+  choose(mnuChartUbc1983, ChartKind::kUbc1983, "mnuChartUbc1983_Click");
+  choose(mnuChartNormalised, ChartKind::kNormalised, "mnuChartNormalised_Click");
   resize(760, 820);
 }
 

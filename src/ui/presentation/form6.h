@@ -1,4 +1,4 @@
-// Form6, the 1983 classification chart with the sounding's readings over it, and
+// Form6, the 1983 or the normalised classification chart with the sounding's readings over it, and
 // frmClassification, the plain window with the chart's fixed picture.
 #pragma once
 
@@ -29,6 +29,9 @@ class Form6 : public QMainWindow {
   QScrollBar* VScroll1;
   QAction* PrintChart;
   QAction* CloseChart;
+  // The chart menu: the 1983 chart of the zone table, or the normalised 1990 chart.
+  QAction* mnuChartUbc1983;
+  QAction* mnuChartNormalised;
 
  private:
   void Handle(const char* source, const std::function<void()>& handler);

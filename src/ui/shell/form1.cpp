@@ -136,6 +136,8 @@ void Form1::BuildMenus() {
   mnuMultipleTests->setCheckable(true);
   mnuChannelUnitsFormats = NamedAction(settings, "mnuChannelUnitsFormats", "Channel &Units and Formats...");
   mnuGeneralSettings = NamedAction(settings, "mnuGeneralSettings", "&General Settings...");
+  mnuNormalisedClassification = NamedAction(settings, "mnuNormalisedClassification", "&Normalised classification");
+  mnuNormalisedClassification->setCheckable(true);
   QMenu* print = settings->addMenu("&Print Settings");
   print->setObjectName("mnuPrintSettings");
   mnuSoundingPrintSettings = NamedAction(print, "mnuSoundingPrintSettings", "&Sounding...");
@@ -215,6 +217,13 @@ void Form1::Connect() {
           [this] { Handle("mnuSingleTest_Click", [&] { controller_.SetSingleTest(); }); });
   connect(mnuMultipleTests, &QAction::triggered, this,
           [this] { Handle("mnuMultipleTests_Click", [&] { controller_.SetMultipleTests(); }); });
+  connect(mnuNormalisedClassification, &QAction::triggered, this, [this](bool checked) {
+    RunGuarded(prompts_, "mnuNormalisedClassification_Click",
+               [&] { controller_.SetNormalisedClassification(checked); });
+    Refresh();
+    RefreshViews();
+    if (auto* chart = findChild<Form6*>(QString(), Qt::FindDirectChildrenOnly)) chart->picChart->update();
+  });
   const auto plot_changed = [this] {
     if (plot_window_ != nullptr && session_.flags.PlotWindowOpen) plot_window_->SettingsChanged();
   };
@@ -424,6 +433,7 @@ void Form1::Refresh() {
   if (view.video_open && video_window_ == nullptr && controller_.Video() != nullptr) OpenVideoWindow();
   mnuSingleTest->setChecked(session_.SoundingSelectionMode == 0);
   mnuMultipleTests->setChecked(session_.SoundingSelectionMode == 1);
+  mnuNormalisedClassification->setChecked(session_.NormalisedClassification == 1);
 }
 
 }  // namespace marlview

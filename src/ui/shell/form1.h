@@ -78,6 +78,7 @@ class Form1 : public QMainWindow {
   QAction* mnuMultipleTests;
   QAction* mnuChannelUnitsFormats;
   QAction* mnuGeneralSettings;
+  QAction* mnuNormalisedClassification;
   QAction* mnuSoundingPrintSettings;
   QAction* mnuDissipationPrintSettings;
   QAction* mnuSeismicPrintSettings;
