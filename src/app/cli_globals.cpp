@@ -15,7 +15,7 @@ namespace marlview {
 namespace {
 
 const char* const kValueOptions[] = {"--data-dir", "--water-table", "--start-depth-unit",
-                                     "--spikes",   "--munsell",     "--tip-area"};
+                                     "--spikes",   "--munsell",     "--tip-area", "--gef-depth"};
 
 }  // namespace
 
@@ -45,6 +45,10 @@ bool ParseGlobalOption(const std::string& a, const std::function<const std::stri
     o.answers.import_munsell = answer == "import";
   } else if (a == "--tip-area") {
     o.answers.tip_area = value();
+  } else if (a == "--gef-depth") {
+    const std::string& column = value();
+    if (column != "length" && column != "corrected") throw UsageError("--gef-depth is length or corrected");
+    o.gef_corrected_depth = column == "corrected";
   } else if (a == "--yes") {
     o.answers.yes = true;
   } else {
@@ -103,6 +107,7 @@ std::unique_ptr<Session> StartCliSession(const GlobalOptions& options, const std
   auto session = std::make_unique<Session>(
       SessionPaths{ResolveDataDirectory(options.data_dir), ResolveDefaultsDirectory(program_directory)});
   RunStartup(*session, prompts);
+  session->GefCorrectedDepth = options.gef_corrected_depth;
   return session;
 }
 

@@ -29,6 +29,8 @@ struct GlobalOptions {
   std::string data_dir;
   bool feet = false;
   std::optional<double> water_table;
+  // A GEF sounding's depth is its corrected depth column rather than its penetration length.
+  bool gef_corrected_depth = false;
   CliAnswers answers;
 };
 
