@@ -199,6 +199,8 @@ void ShellController::FillSoundingInfo() {
   view_.sounding_info = "FILENAME: " + s.SoundingFileName + "\nLOCATION: " + location +
                         "\nDISTANCE PUSHED: " + FormatNumber(pushed, "###0.00") +
                         (metric ? " (m)" : " (ft)");
+  // A GEF file's header is shown as the file gives it, one key a line.
+  for (const auto& [key, value] : s.GefHeader) view_.sounding_info += "\n#" + key + "= " + value;
 }
 
 void ShellController::PopulateChannelList() {
