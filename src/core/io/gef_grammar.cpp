@@ -106,7 +106,6 @@ std::string ReadReportCode(GefDocument& doc) {
     return doc.name + ": line " + std::to_string(code->line) + ": report code " + Quoted(field) +
            " is neither a CPT nor a DISS report";
   }
-  doc.report_known = true;
   return {};
 }
 

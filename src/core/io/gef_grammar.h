@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace marlview {
@@ -33,8 +34,6 @@ struct GefDocument {
   // The file name without its folder, for the messages.
   std::string name;
   GefReport report = GefReport::kSounding;
-  // Whether the report code named either report.
-  bool report_known = false;
   std::vector<GefHeaderLine> header;
   // The first #COLUMNINFO of each column, in file order.
   std::vector<GefColumnInfo> columns;

@@ -12,6 +12,7 @@
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
 #include "core/derivation/derived_channels.h"
+#include "core/io/gef_grammar.h"
 #include "core/model/catalogue.h"
 
 namespace marlview {
@@ -433,12 +434,6 @@ ReadOutcome ReadGefSounding(std::string_view bytes, const std::string& path, Ses
 
 ReadOutcome OpenGefSounding(Session& session, UserPrompts& prompts, const std::string& path) {
   return OpenSoundingWith(ReadGefSounding, "ReadGefSounding", session, prompts, path);
-}
-
-std::optional<GefReport> GefReportOf(std::string_view bytes) {
-  const GefParse parse = ParseGefHeader(bytes, "");
-  if (!parse.doc.report_known) return std::nullopt;
-  return parse.doc.report;
 }
 
 }  // namespace marlview

@@ -1,12 +1,10 @@
 // The reader of GEF sounding files (.GEF, CPT reports).
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 
 #include "core/common/user_prompts.h"
-#include "core/io/gef_grammar.h"
 #include "core/io/read_outcome.h"
 #include "core/session/session.h"
 
@@ -23,8 +21,5 @@ ReadOutcome ReadGefSounding(std::string_view bytes, const std::string& path, Ses
 // Reads the file at path into the session's spare store and makes it the current sounding when
 // the read succeeds; a failed read leaves the current sounding as it was.
 ReadOutcome OpenGefSounding(Session& session, UserPrompts& prompts, const std::string& path);
-
-// The report a GEF file's header declares; nothing when it is not a GEF file of either report.
-std::optional<GefReport> GefReportOf(std::string_view bytes);
 
 }  // namespace marlview
