@@ -130,6 +130,26 @@ TEST_F(GefReaderTest, ADerivedChannelIsZeroWhereAnInputIsMissing) {
   EXPECT_FLOAT_EQ(t.session->general.NetAreaRatio, 0.8f);
 }
 
+// 2 cm in 2 s is 1 cm/s; a clock that stands or a missing time gives no speed, and the slow row
+// takes the mean of its neighbours as the PX DAS speeds do.
+TEST_F(GefReaderTest, PushSpeedComesFromTheTimeColumn) {
+  const std::string bytes =
+      Gef({"#REPORTCODE= GEF-CPT-Report", "#COLUMNINFO= 1, m, length, 1", "#COLUMNINFO= 2, MPa, qc, 2",
+           "#COLUMNINFO= 3, s, time, 12", "#COLUMNVOID= 3, -1"},
+          {"1.00 2 10", "1.02 2 12", "1.04 2 12", "1.06 2 -1"});
+  ASSERT_EQ(Read(bytes), ReadOutcome::kLoaded);
+  const SoundingStore& s = store();
+  // Depths are 32-bit: a thousandth of a millimetre per second is the tolerance.
+  EXPECT_NEAR(s.PushSpeed[1], 1, 1e-5);
+  EXPECT_NEAR(s.PushSpeed[2], 1, 1e-5);
+  EXPECT_FLOAT_EQ(s.PushSpeed[3], 0);
+  EXPECT_FLOAT_EQ(s.PushSpeed[4], 0);
+  const int speed = s.TotalChannels;
+  ASSERT_EQ(s.ChannelName[speed], "Push Speed");
+  EXPECT_NE(s.ChannelName[speed - 1], "Time");
+  EXPECT_NEAR(s.AlignedReadings(3, speed), 0.5, 1e-5);
+}
+
 TEST_F(GefReaderTest, RefusalsNameTheFileAndLine) {
   const std::vector<std::string> columns = {"#COLUMN= 2", "#COLUMNINFO= 1, m, length, 1", "#COLUMNINFO= 2, MPa, qc, 2"};
   auto with = [&columns](std::vector<std::string> extra) {
