@@ -77,6 +77,8 @@ std::string ReadColumns(GefDocument& doc) {
       if (doc.Column(*column) != nullptr) continue;
       const std::optional<int> quantity = WholeNumber(StrictNumberOrNone(field(3)));
       doc.columns.push_back({*column, std::string(field(1)), std::string(field(2)), quantity.value_or(0), line.line});
+      if (doc.column_index.size() <= static_cast<size_t>(*column)) doc.column_index.resize(static_cast<size_t>(*column) + 1);
+      doc.column_index[static_cast<size_t>(*column)] = doc.columns.size();
       highest = std::max(highest, *column);
     } else if (const std::optional<double> void_value = StrictNumberOrNone(field(1)); void_value && !doc.Void(*column)) {
       doc.voids.emplace_back(*column, *void_value);
@@ -148,10 +150,9 @@ std::string_view GefDocument::Field(std::string_view key, size_t i) const {
 }
 
 const GefColumnInfo* GefDocument::Column(int column) const {
-  for (const GefColumnInfo& info : columns) {
-    if (info.column == column) return &info;
-  }
-  return nullptr;
+  if (column < 0 || static_cast<size_t>(column) >= column_index.size()) return nullptr;
+  const size_t index = column_index[static_cast<size_t>(column)];
+  return index == 0 ? nullptr : &columns[index - 1];
 }
 
 std::optional<double> GefDocument::MeasurementVar(int number) const {

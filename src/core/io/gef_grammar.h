@@ -57,6 +57,9 @@ struct GefDocument {
   bool IsVoid(int column, double value) const;
 
   std::vector<std::pair<int, double>> voids;
+  // By column number: 1 + the index of its declaration in columns, 0 for none; a lookup per column
+  // stays quick however many columns a file declares.
+  std::vector<size_t> column_index;
 };
 
 // The header of bytes, or the refusal text when it is not a GEF file of either report.

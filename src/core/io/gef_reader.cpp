@@ -175,6 +175,7 @@ std::string GefSoundingReader::PlanChannels() {
   for (int column = 1; column <= doc_.column_count; ++column) {
     const GefColumnInfo* info = doc_.Column(column);
     if (info == nullptr || column == depth_column_) continue;
+    if (plan_.size() == static_cast<size_t>(kMaxChannels)) Fail(kErrSubscript);
     PlannedChannel plan;
     plan.column = column;
     const bool again = std::find(seen.begin(), seen.end(), info->quantity) != seen.end();
@@ -191,7 +192,6 @@ std::string GefSoundingReader::PlanChannels() {
     return p.rule != nullptr && p.rule->quantity == kConeResistance;
   });
   if (!tip) return doc_.name + ": no cone resistance column (quantity 2)";
-  if (plan_.size() > static_cast<size_t>(kMaxChannels)) Fail(kErrSubscript);
   return {};
 }
 
@@ -368,14 +368,7 @@ void GefSoundingReader::RecordColumns() {
   const GefDocument& doc = doc_;
   SoundingStore& s = s_;
   std::vector<int> channel_of(static_cast<size_t>(doc.column_count) + 1, 0);
-  for (int c = 1; c <= s.ChannelCount; ++c) {
-    for (int column = 1; column <= doc.column_count; ++column) {
-      if (channel_of[static_cast<size_t>(column)] == 0 && column != s.GefDepthColumn && doc.Column(column) != nullptr) {
-        channel_of[static_cast<size_t>(column)] = c;
-        break;
-      }
-    }
-  }
+  for (int c = 1; c <= s.ChannelCount; ++c) channel_of[static_cast<size_t>(plan_[static_cast<size_t>(c - 1)].column)] = c;
   for (int column = 1; column <= doc.column_count; ++column) {
     GefColumnRecord record;
     record.column = column;
