@@ -16,7 +16,8 @@ using test::CliRun;
 
 constexpr const char* kSounding =
     "#GEFID= 1, 1, 0\r\n#REPORTCODE= GEF-CPT-Report, 1, 1, 2\r\n#COLUMN= 3\r\n"
-    "#COLUMNINFO= 1, m, penetration length, 1\r\n#COLUMNINFO= 2, MPa, qc, 2\r\n#COLUMNINFO= 3, m, depth, 11\r\n"
+    "#COLUMNINFO= 1, m, penetration length, 1\r\n#COLUMNINFO= 2, MPa, qc, 2\r\n#COLUMNINFO= 3, m, depth, "
+    "11\r\n"
     "#COLUMNVOID= 2, -999999\r\n#COLUMNVOID= 3, -999999\r\n#CHILD= 1, D01.gef, 0.04\r\n"
     "#COMMENT= first\r\n#COMMENT= second\r\n#EOH=\r\n"
     "0.02 1.5 0.02\r\n0.04 -999999 -999999\r\n0.06 2.5 0.059\r\n";
@@ -62,7 +63,8 @@ TEST_F(CliGefTest, ChannelsLeaveAMissingReadingEmptyExceptRaw) {
   ASSERT_EQ(corrected.status, 0) << corrected.err;
   // The void corrected depth drops its record; the penetration length, column 1, is channel 1.
   EXPECT_EQ(Lines(corrected.out).size(), 3u);
-  EXPECT_TRUE(corrected.out.starts_with("Depth (m),Penetration Length,Tip Resistance (Qc),")) << corrected.out;
+  EXPECT_TRUE(corrected.out.starts_with("Depth (m),Penetration Length,Tip Resistance (Qc),"))
+      << corrected.out;
 }
 
 TEST_F(CliGefTest, DissipationReportsOpenOnlyAsDissipations) {

@@ -61,17 +61,19 @@ TEST_F(GefDissipationTest, PublicReportsOpenAsOneTestInKpa) {
 }
 
 TEST_F(GefDissipationTest, VoidRowsAndAMissingParentDepthAreTold) {
-  t.data.Write("D02.gef", "#REPORTCODE= GEF-DISS-Report\r\n#COLUMNINFO= 1, s, t, 12\r\n"
-                          "#COLUMNINFO= 2, kPa, u1, 5\r\n#COLUMNVOID= 2, -1\r\n#PARENT= S02.gef\r\n#EOH=\r\n"
-                          "0.5 120\r\n1.5 -1\r\n2.5 110\r\n");
+  t.data.Write("D02.gef",
+               "#REPORTCODE= GEF-DISS-Report\r\n#COLUMNINFO= 1, s, t, 12\r\n"
+               "#COLUMNINFO= 2, kPa, u1, 5\r\n#COLUMNVOID= 2, -1\r\n#PARENT= S02.gef\r\n#EOH=\r\n"
+               "0.5 120\r\n1.5 -1\r\n2.5 110\r\n");
   ASSERT_TRUE(OpenDissipation(t.data.File("D02.gef")));
   EXPECT_EQ(Set().RowCount[1], 2);
   // Half a second rounds away from zero.
   EXPECT_EQ(Set().RowTime(1, 1), 1);
   EXPECT_EQ(Set().RowTime(1, 2), 3);
   EXPECT_FLOAT_EQ(Set().TestDepth[1], 0);
-  EXPECT_EQ(t.prompts.Texts(), (std::vector<std::string>{"! D02.gef: no #PARENT depth; the test depth is set to 0",
-                                                          "! D02.gef: 1 rows without time or pressure were left out"}));
+  EXPECT_EQ(t.prompts.Texts(),
+            (std::vector<std::string>{"! D02.gef: no #PARENT depth; the test depth is set to 0",
+                                      "! D02.gef: 1 rows without time or pressure were left out"}));
 }
 
 TEST_F(GefDissipationTest, EachModeRefusesTheOthersReport) {
@@ -81,7 +83,8 @@ TEST_F(GefDissipationTest, EachModeRefusesTheOthersReport) {
   EXPECT_EQ(t.prompts.Texts(), std::vector<std::string>{"! example_diss.gef is a dissipation file"});
   t.data.Write("D03.gef", "#REPORTCODE= GEF-DISS-Report\r\n#COLUMNINFO= 1, s, t, 12\r\n#EOH=\r\n1\r\n");
   EXPECT_FALSE(OpenDissipation(t.data.File("D03.gef")));
-  EXPECT_EQ(t.prompts.Texts(), std::vector<std::string>{"! D03.gef: no pore pressure column (quantity 5, 6 or 7)"});
+  EXPECT_EQ(t.prompts.Texts(),
+            std::vector<std::string>{"! D03.gef: no pore pressure column (quantity 5, 6 or 7)"});
 }
 
 TEST_F(GefDissipationTest, AChildOfTheOpenSoundingIsMarkedOnItsPlot) {
@@ -90,18 +93,21 @@ TEST_F(GefDissipationTest, AChildOfTheOpenSoundingIsMarkedOnItsPlot) {
   EXPECT_NE(shell.View().sounding_info.find("\n#CHILD= 1, test-artf52193dis.gef, 5.990"), std::string::npos);
   ASSERT_TRUE(OpenDissipation(Copy("test-artf52193dis.gef")));
   EXPECT_EQ(PairedDissipationDepth(t.session->Sounding(), Set()), 5.99f);
-  EXPECT_NE(shell.Dissipations().View().info.find("\nDISSIPATION OF test-artf52193cpt.gef"), std::string::npos);
+  EXPECT_NE(shell.Dissipations().View().info.find("\nDISSIPATION OF test-artf52193cpt.gef"),
+            std::string::npos);
 
   RecordingSurface surface;
   PlotState plot;
   SetupPlot(plot, *t.session, {t.session->Sounding().TipChannel}, 0);
   GraphData(surface, 800, 1000, plot, *t.session);
   const auto texts = surface.Texts();
-  EXPECT_TRUE(std::any_of(texts.begin(), texts.end(), [](const RecordedCall& call) { return call.text == "DISS"; }));
+  EXPECT_TRUE(
+      std::any_of(texts.begin(), texts.end(), [](const RecordedCall& call) { return call.text == "DISS"; }));
 
   // A report of another sounding changes nothing on this one.
-  t.data.Write("OTHER.gef", "#REPORTCODE= GEF-DISS-Report\r\n#COLUMNINFO= 1, s, t, 12\r\n"
-                            "#COLUMNINFO= 2, kPa, u2, 6\r\n#PARENT= S99.gef, 3.0\r\n#EOH=\r\n1 100\r\n");
+  t.data.Write("OTHER.gef",
+               "#REPORTCODE= GEF-DISS-Report\r\n#COLUMNINFO= 1, s, t, 12\r\n"
+               "#COLUMNINFO= 2, kPa, u2, 6\r\n#PARENT= S99.gef, 3.0\r\n#EOH=\r\n1 100\r\n");
   ASSERT_TRUE(OpenDissipation(t.data.File("OTHER.gef")));
   EXPECT_FALSE(PairedDissipationDepth(t.session->Sounding(), Set()));
 }

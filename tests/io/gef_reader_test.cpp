@@ -1,9 +1,10 @@
 // The GEF sounding reader: the public field files, the column layout and voids, the refusals, and
 // a derived channel that must not read a missing reading.
+#include "core/io/gef_reader.h"
+
 #include <gtest/gtest.h>
 
 #include "core/common/file_access.h"
-#include "core/io/gef_reader.h"
 #include "support/test_support.h"
 
 namespace marlview {
@@ -23,7 +24,9 @@ class GefReaderTest : public ::testing::Test {
   ReadOutcome Read(const std::string& bytes, const std::string& name = "S01.gef") {
     return ReadGefSounding(bytes, "/field/" + name, *t.session, store(), t.prompts);
   }
-  ReadOutcome ReadPublic(const std::string& name) { return Read(ReadWholeFile(test::TestDataPath("gef/" + name)), name); }
+  ReadOutcome ReadPublic(const std::string& name) {
+    return Read(ReadWholeFile(test::TestDataPath("gef/" + name)), name);
+  }
   float Kpa(int r, int c) { return store().AlignedFixedPressure[2](r, c); }
 
   test::TestSession t;
@@ -35,8 +38,10 @@ TEST_F(GefReaderTest, PublicSoundingsOpenWithTheirChannelsAndVoids) {
     int readings, channels;
     float start_depth, max_depth;
   };
-  const Case cases[] = {{"cpt.gef", 1004, 9, 0, 20.05f},           {"cpt3.gef", 5939, 2, 0.005f, 29.695f},
-                        {"example.gef", 1484, 8, 0, 29.66f},       {"test-artf52193cpt.gef", 586, 24, 0.3f, 12},
+  const Case cases[] = {{"cpt.gef", 1004, 9, 0, 20.05f},
+                        {"cpt3.gef", 5939, 2, 0.005f, 29.695f},
+                        {"example.gef", 1484, 8, 0, 29.66f},
+                        {"test-artf52193cpt.gef", 586, 24, 0.3f, 12},
                         {"20151020vbCPT1.GEF", 586, 24, 0.3f, 12}};
   for (const Case& c : cases) {
     SCOPED_TRACE(c.file);
@@ -74,20 +79,20 @@ TEST_F(GefReaderTest, PublicSoundingsOpenWithTheirChannelsAndVoids) {
 TEST_F(GefReaderTest, PublicFilesThatAreNoSoundingAreRefused) {
   EXPECT_EQ(ReadPublic("cpt_pre_excavated.gef"), ReadOutcome::kRefused);
   EXPECT_EQ(ReadPublic("example_diss.gef"), ReadOutcome::kRefused);
-  EXPECT_EQ(t.prompts.Texts(),
-            (std::vector<std::string>{"! cpt_pre_excavated.gef: line 4: unit \"kN\" of column 2 is not a pressure "
-                                      "unit (MPa, kPa, MN/m2, kN/m2)",
-                                      "! example_diss.gef is a dissipation file"}));
+  EXPECT_EQ(
+      t.prompts.Texts(),
+      (std::vector<std::string>{"! cpt_pre_excavated.gef: line 4: unit \"kN\" of column 2 is not a pressure "
+                                "unit (MPa, kPa, MN/m2, kN/m2)",
+                                "! example_diss.gef is a dissipation file"}));
 }
 
 // Columns in an order of their own, voids that are plausible numbers, and a void depth.
 TEST_F(GefReaderTest, ColumnsAreTakenByQuantityAndVoidsByValue) {
-  const std::string bytes = Gef({"#REPORTCODE= GEF-CPT-Report, 1, 1, 2", "#COLUMN= 4", "#COLUMNSEPARATOR= ;",
-                                 "#RECORDSEPARATOR= !", "#COLUMNINFO= 1, kPa, u2, 6", "#COLUMNINFO= 2, m, length, 1",
-                                 "#COLUMNINFO= 4, MPa, qc, 2", "#COLUMNVOID= 1, 0.000", "#COLUMNVOID= 2, 9.9990e+003",
-                                 "#MEASUREMENTVAR= 14, 1.20, m, groundwater"},
-                                {"15.5;0.50;7;1.25;!", "0.0;0.52;7;1.50;! remark", "16.0;9999.000000;7;1.75;!",
-                                 "17.0;0.54;7;2.00;!"});
+  const std::string bytes = Gef(
+      {"#REPORTCODE= GEF-CPT-Report, 1, 1, 2", "#COLUMN= 4", "#COLUMNSEPARATOR= ;", "#RECORDSEPARATOR= !",
+       "#COLUMNINFO= 1, kPa, u2, 6", "#COLUMNINFO= 2, m, length, 1", "#COLUMNINFO= 4, MPa, qc, 2",
+       "#COLUMNVOID= 1, 0.000", "#COLUMNVOID= 2, 9.9990e+003", "#MEASUREMENTVAR= 14, 1.20, m, groundwater"},
+      {"15.5;0.50;7;1.25;!", "0.0;0.52;7;1.50;! remark", "16.0;9999.000000;7;1.75;!", "17.0;0.54;7;2.00;!"});
   ASSERT_EQ(Read(bytes), ReadOutcome::kLoaded) << testing::PrintToString(t.prompts.Texts());
   const SoundingStore& s = store();
   // Column 3 has no declaration: no channel. The void depth's record is gone.
@@ -108,9 +113,9 @@ TEST_F(GefReaderTest, ColumnsAreTakenByQuantityAndVoidsByValue) {
 // qc 2, 3, 4 MPa; fs 20 kPa, void, 40 kPa; u2 100, 200 kPa, void; the cone's own ratio 0.75.
 TEST_F(GefReaderTest, ADerivedChannelIsZeroWhereAnInputIsMissing) {
   const std::string bytes =
-      Gef({"#REPORTCODE= GEF-CPT-Report", "#COLUMN= 4", "#COLUMNINFO= 1, m, length, 1", "#COLUMNINFO= 2, MPa, qc, 2",
-           "#COLUMNINFO= 3, kPa, fs, 3", "#COLUMNINFO= 4, kPa, u2, 6", "#COLUMNVOID= 3, -9999", "#COLUMNVOID= 4, -9999",
-           "#MEASUREMENTVAR= 3, 0.75, -, net area ratio"},
+      Gef({"#REPORTCODE= GEF-CPT-Report", "#COLUMN= 4", "#COLUMNINFO= 1, m, length, 1",
+           "#COLUMNINFO= 2, MPa, qc, 2", "#COLUMNINFO= 3, kPa, fs, 3", "#COLUMNINFO= 4, kPa, u2, 6",
+           "#COLUMNVOID= 3, -9999", "#COLUMNVOID= 4, -9999", "#MEASUREMENTVAR= 3, 0.75, -, net area ratio"},
           {"1.00 2.000 20 100", "1.02 3.000 -9999 200", "1.04\t4.000\t40\t-9999"});
   ASSERT_EQ(Read(bytes), ReadOutcome::kLoaded);
   const SoundingStore& s = store();
@@ -151,7 +156,8 @@ TEST_F(GefReaderTest, PushSpeedComesFromTheTimeColumn) {
 }
 
 TEST_F(GefReaderTest, RefusalsNameTheFileAndLine) {
-  const std::vector<std::string> columns = {"#COLUMN= 2", "#COLUMNINFO= 1, m, length, 1", "#COLUMNINFO= 2, MPa, qc, 2"};
+  const std::vector<std::string> columns = {"#COLUMN= 2", "#COLUMNINFO= 1, m, length, 1",
+                                            "#COLUMNINFO= 2, MPa, qc, 2"};
   auto with = [&columns](std::vector<std::string> extra) {
     extra.insert(extra.end(), columns.begin(), columns.end());
     return extra;
@@ -165,9 +171,12 @@ TEST_F(GefReaderTest, RefusalsNameTheFileAndLine) {
       {Gef(columns, {"0.1 1"}), "S01.gef: no #REPORTCODE or #PROCEDURECODE line"},
       {Gef(with({"#PROCEDURECODE= GEF-BORE-Report"}), {"0.1 1"}),
        "S01.gef: line 1: report code \"GEF-BORE-Report\" is neither a CPT nor a DISS report"},
-      {Gef({code, "#COLUMNVOID= two, 999"}, {"0.1 1"}), "S01.gef: line 2: column number \"two\" is not a number"},
-      {Gef({code, "#COLUMNINFO= 1, MPa, qc, 2"}, {"1"}), "S01.gef: no penetration length column (quantity 1)"},
-      {Gef({code, "#COLUMNINFO= 1, m, length, 1"}, {"0.1"}), "S01.gef: no cone resistance column (quantity 2)"},
+      {Gef({code, "#COLUMNVOID= two, 999"}, {"0.1 1"}),
+       "S01.gef: line 2: column number \"two\" is not a number"},
+      {Gef({code, "#COLUMNINFO= 1, MPa, qc, 2"}, {"1"}),
+       "S01.gef: no penetration length column (quantity 1)"},
+      {Gef({code, "#COLUMNINFO= 1, m, length, 1"}, {"0.1"}),
+       "S01.gef: no cone resistance column (quantity 2)"},
       {Gef({code, "#COLUMNINFO= 1, m, length, 1", "#COLUMNINFO= 2, bar, qc, 2"}, {"0.1 1"}),
        "S01.gef: line 3: unit \"bar\" of column 2 is not a pressure unit (MPa, kPa, MN/m2, kN/m2)"},
       {Gef(with({code}), {"0.1 1", "0.2 1 3"}), "S01.gef: line 7: 3 values where #COLUMN declares 2"},
@@ -183,8 +192,8 @@ TEST_F(GefReaderTest, RefusalsNameTheFileAndLine) {
 TEST_F(GefReaderTest, TooManyRecordsIsTheStoresBound) {
   std::vector<std::string> records;
   for (int r = 0; r <= kMaxReadings; ++r) records.push_back(std::to_string(r) + " 1");
-  const std::string bytes = Gef({"#REPORTCODE= GEF-CPT-Report", "#COLUMNINFO= 1, m, l, 1", "#COLUMNINFO= 2, MPa, q, 2"},
-                                records);
+  const std::string bytes =
+      Gef({"#REPORTCODE= GEF-CPT-Report", "#COLUMNINFO= 1, m, l, 1", "#COLUMNINFO= 2, MPa, q, 2"}, records);
   EXPECT_FAILURE(Read(bytes), kErrSubscript, "ReadGefSounding");
 }
 

@@ -56,7 +56,8 @@ std::string ReadGefDissipation(std::string_view bytes, std::string_view name, Di
     const std::optional<double> to_kpa = GefKpaFactor(doc.Column(pressure)->unit);
     if (!to_kpa) return GefUnitRefusal(doc, *doc.Column(pressure));
     const int cone = FirstColumnOf(doc, kConeResistance);
-    const std::optional<double> cone_to_kpa = cone == 0 ? std::optional<double>(1.0) : GefKpaFactor(doc.Column(cone)->unit);
+    const std::optional<double> cone_to_kpa =
+        cone == 0 ? std::optional<double>(1.0) : GefKpaFactor(doc.Column(cone)->unit);
     if (!cone_to_kpa) return GefUnitRefusal(doc, *doc.Column(cone));
 
     set.FileKind = kGefDissipation;
@@ -92,7 +93,8 @@ std::string ReadGefDissipation(std::string_view bytes, std::string_view name, Di
     if (set.RowCount[1] == 0) return doc.name + ": no data lines after #EOH";
     if (!depth) prompts.Tell(doc.name + ": no #PARENT depth; the test depth is set to 0");
     if (skipped > 0) {
-      prompts.Tell(doc.name + ": " + std::to_string(skipped) + " rows without time or pressure were left out");
+      prompts.Tell(doc.name + ": " + std::to_string(skipped) +
+                   " rows without time or pressure were left out");
     }
     return {};
   });

@@ -29,7 +29,8 @@ std::vector<std::string> SplitFields(std::string_view value) {
   size_t begin = 0;
   while (true) {
     const size_t comma = value.find(',', begin);
-    fields.emplace_back(TrimBlanks(value.substr(begin, comma == std::string_view::npos ? comma : comma - begin)));
+    fields.emplace_back(
+        TrimBlanks(value.substr(begin, comma == std::string_view::npos ? comma : comma - begin)));
     if (comma == std::string_view::npos) break;
     begin = comma + 1;
   }
@@ -59,7 +60,8 @@ GefHeaderLine ReadHeaderLine(std::string_view line, int number) {
 
 std::string ColumnNumberRefusal(const GefDocument& doc, const GefHeaderLine& line) {
   const std::string_view field = line.fields.empty() ? std::string_view() : line.fields[0];
-  return doc.name + ": line " + std::to_string(line.line) + ": column number " + Quoted(field) + " is not a number";
+  return doc.name + ": line " + std::to_string(line.line) + ": column number " + Quoted(field) +
+         " is not a number";
 }
 
 // Reads the column declarations; the refusal text of one whose column is not a number.
@@ -68,19 +70,25 @@ std::string ReadColumns(GefDocument& doc) {
   for (const GefHeaderLine& line : doc.header) {
     const bool info = line.key == "COLUMNINFO";
     if (!info && line.key != "COLUMNVOID") continue;
-    const std::optional<double> number = line.fields.empty() ? std::nullopt : StrictNumberOrNone(line.fields[0]);
+    const std::optional<double> number =
+        line.fields.empty() ? std::nullopt : StrictNumberOrNone(line.fields[0]);
     if (!number) return ColumnNumberRefusal(doc, line);
     const std::optional<int> column = WholeNumber(number);
     if (!column) continue;
-    auto field = [&line](size_t i) { return i < line.fields.size() ? std::string_view(line.fields[i]) : std::string_view(); };
+    auto field = [&line](size_t i) {
+      return i < line.fields.size() ? std::string_view(line.fields[i]) : std::string_view();
+    };
     if (info) {
       if (doc.Column(*column) != nullptr) continue;
       const std::optional<int> quantity = WholeNumber(StrictNumberOrNone(field(3)));
-      doc.columns.push_back({*column, std::string(field(1)), std::string(field(2)), quantity.value_or(0), line.line});
-      if (doc.column_index.size() <= static_cast<size_t>(*column)) doc.column_index.resize(static_cast<size_t>(*column) + 1);
+      doc.columns.push_back(
+          {*column, std::string(field(1)), std::string(field(2)), quantity.value_or(0), line.line});
+      if (doc.column_index.size() <= static_cast<size_t>(*column))
+        doc.column_index.resize(static_cast<size_t>(*column) + 1);
       doc.column_index[static_cast<size_t>(*column)] = doc.columns.size();
       highest = std::max(highest, *column);
-    } else if (const std::optional<double> void_value = StrictNumberOrNone(field(1)); void_value && !doc.Void(*column)) {
+    } else if (const std::optional<double> void_value = StrictNumberOrNone(field(1));
+               void_value && !doc.Void(*column)) {
       doc.voids.emplace_back(*column, *void_value);
     }
   }
@@ -223,7 +231,8 @@ std::string GefUnitRefusal(const GefDocument& doc, const GefColumnInfo& column) 
 
 //   00.01;  0.013;  0.013;  0.002;  0.647;!
 //   -5.0000E-03  2.0000E-02  2.0000E-04
-std::string ReadGefRecords(const GefDocument& doc, const std::function<void(const GefRecordView&)>& on_record) {
+std::string ReadGefRecords(const GefDocument& doc,
+                           const std::function<void(const GefRecordView&)>& on_record) {
   const size_t count = static_cast<size_t>(doc.column_count);
   std::vector<std::string_view> fields;
   std::vector<double> values(count + 1);

@@ -85,6 +85,7 @@ struct GefRecordView {
 };
 // Reads every data record in file order and hands each to on_record; returns the refusal text of
 // a record that is not one, or "" when all are.
-std::string ReadGefRecords(const GefDocument& doc, const std::function<void(const GefRecordView&)>& on_record);
+std::string ReadGefRecords(const GefDocument& doc,
+                           const std::function<void(const GefRecordView&)>& on_record);
 
 }  // namespace marlview

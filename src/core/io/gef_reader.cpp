@@ -79,11 +79,13 @@ std::string JoinedParts(const GefDocument& doc, std::string_view key, std::array
   std::string joined;
   for (size_t i = 0; i < widths.size(); ++i) {
     if (i > 0) joined += joint;
-    const std::string_view part = i < line->fields.size() ? std::string_view(line->fields[i]) : std::string_view();
+    const std::string_view part =
+        i < line->fields.size() ? std::string_view(line->fields[i]) : std::string_view();
     const std::optional<double> number = StrictNumberOrNone(part);
     if (number && *number >= 0 && std::floor(*number) == *number && *number < 1e6) {
       std::string digits = std::to_string(static_cast<int>(*number));
-      if (digits.size() < static_cast<size_t>(widths[i])) digits.insert(0, static_cast<size_t>(widths[i]) - digits.size(), '0');
+      if (digits.size() < static_cast<size_t>(widths[i]))
+        digits.insert(0, static_cast<size_t>(widths[i]) - digits.size(), '0');
       joined += digits;
     } else {
       joined += part;
@@ -201,17 +203,21 @@ void GefSoundingReader::ReadHeader() {
   for (const GefHeaderLine& line : doc_.header) {
     s_.GefHeader.emplace_back(line.key, line.value);
     if (line.key == "CHILD") {
-      const std::string_view file = line.fields.size() > 1 ? std::string_view(line.fields[1]) : std::string_view();
-      const std::string_view depth = line.fields.size() > 2 ? std::string_view(line.fields[2]) : std::string_view();
+      const std::string_view file =
+          line.fields.size() > 1 ? std::string_view(line.fields[1]) : std::string_view();
+      const std::string_view depth =
+          line.fields.size() > 2 ? std::string_view(line.fields[2]) : std::string_view();
       s_.GefChildren.push_back({std::string(file), StrictNumberOrNone(depth)});
     }
   }
   s_.TestId = doc_.Field("TESTID", 0);
   s_.Crew = doc_.Field("COMPANYID", 0);
   if (const GefHeaderLine* project = doc_.First("PROJECTID")) {
-    for (size_t i = 0; i < project->fields.size(); ++i) s_.Project += (i > 0 ? ", " : "") + project->fields[i];
+    for (size_t i = 0; i < project->fields.size(); ++i)
+      s_.Project += (i > 0 ? ", " : "") + project->fields[i];
   }
-  s_.TestDate = JoinedParts(doc_, doc_.First("STARTDATE") != nullptr ? "STARTDATE" : "FILEDATE", {4, 2, 2}, '-');
+  s_.TestDate =
+      JoinedParts(doc_, doc_.First("STARTDATE") != nullptr ? "STARTDATE" : "FILEDATE", {4, 2, 2}, '-');
   s_.StartTime = JoinedParts(doc_, "STARTTIME", {2, 2, 2}, ':');
   s_.GpsLon = doc_.Field("XYID", 1);
   s_.GpsLat = doc_.Field("XYID", 2);
@@ -226,7 +232,8 @@ void GefSoundingReader::ReadHeader() {
     texts_taken[static_cast<size_t>(which)] = true;
     *targets[which] = line.fields[1];
   }
-  if (const std::optional<double> area = doc_.MeasurementVar(kTipAreaVar)) s_.ConicalTipArea = ToSingle(*area);
+  if (const std::optional<double> area = doc_.MeasurementVar(kTipAreaVar))
+    s_.ConicalTipArea = ToSingle(*area);
   const std::optional<double> ratio = doc_.MeasurementVar(kNetAreaRatioVar);
   if (ratio && *ratio >= 0 && *ratio <= 1) s_.GefNetAreaRatio = ratio;
   s_.GefPreDrilledDepth = doc_.MeasurementVar(kPreDrilledVar);
@@ -328,7 +335,8 @@ void GefSoundingReader::StoreReadings() {
     if (pressure) {
       const double kpa = units.ConversionFactor(kKpaUnit, kPressureGroup);
       for (int m = 0; m < kFixedPressureTables; ++m) {
-        const double unit = units.ConversionFactor(kFixedPressureUnits[static_cast<size_t>(m)], kPressureGroup);
+        const double unit =
+            units.ConversionFactor(kFixedPressureUnits[static_cast<size_t>(m)], kPressureGroup);
         if (unit == 0) Fail(kErrDivisionByZero);
         to_fixed[static_cast<size_t>(m)] = kpa / unit;
       }
@@ -368,7 +376,8 @@ void GefSoundingReader::RecordColumns() {
   const GefDocument& doc = doc_;
   SoundingStore& s = s_;
   std::vector<int> channel_of(static_cast<size_t>(doc.column_count) + 1, 0);
-  for (int c = 1; c <= s.ChannelCount; ++c) channel_of[static_cast<size_t>(plan_[static_cast<size_t>(c - 1)].column)] = c;
+  for (int c = 1; c <= s.ChannelCount; ++c)
+    channel_of[static_cast<size_t>(plan_[static_cast<size_t>(c - 1)].column)] = c;
   for (int column = 1; column <= doc.column_count; ++column) {
     GefColumnRecord record;
     record.column = column;
@@ -382,7 +391,8 @@ void GefSoundingReader::RecordColumns() {
     if (column == s.GefDepthColumn) {
       record.missing_count = dropped_;
     } else if (record.channel != 0) {
-      for (int r = 1; r <= s.ReadingCount; ++r) record.missing_count += s.IsMissing(r, record.channel) ? 1 : 0;
+      for (int r = 1; r <= s.ReadingCount; ++r)
+        record.missing_count += s.IsMissing(r, record.channel) ? 1 : 0;
     }
     s.GefColumns.push_back(std::move(record));
   }
@@ -417,7 +427,8 @@ ReadOutcome ReadGefSounding(std::string_view bytes, const std::string& path, Ses
   return InProcedure("ReadGefSounding", [&] {
     const GefParse parse = ParseGefHeader(bytes, FileNamePart(path));
     std::string refusal = parse.refusal;
-    if (refusal.empty() && parse.doc.report == GefReport::kDissipation) refusal = parse.doc.name + " is a dissipation file";
+    if (refusal.empty() && parse.doc.report == GefReport::kDissipation)
+      refusal = parse.doc.name + " is a dissipation file";
     if (refusal.empty()) refusal = GefSoundingReader(parse.doc, path, session, store).Read();
     if (refusal.empty()) return ReadOutcome::kLoaded;
     prompts.Tell(refusal);
