@@ -125,7 +125,7 @@ Options Parse(const std::vector<std::string>& args) {
 
 Json OptionalJson(const std::optional<double>& value) { return value ? Json(*value) : Json(nullptr); }
 
-// What the GEF file declares beyond the channels: its depth column, the cone's ratio, the
+// What the GEF file declares besides the channels: its depth column, the cone's ratio, the
 // dissipations taken in the push, how each column was read, and every header key.
 Json GefJson(const SoundingStore& s) {
   Json gef;

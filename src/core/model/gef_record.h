@@ -1,4 +1,4 @@
-// What a GEF sounding file says beyond its readings: the header keys no field of the store takes,
+// What a GEF sounding file says besides its readings: every header key as written,
 // the dissipations taken in the push, and how each column of the file was read.
 #pragma once
 
