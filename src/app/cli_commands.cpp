@@ -39,6 +39,7 @@ namespace {
 constexpr const char* kUsage =
     "usage: marlview-cli [--data-dir DIR] [--feet] [--water-table D] [--start-depth-unit m|ft]\n"
     "                    [--spikes remove|keep] [--munsell import|skip] [--tip-area MM2] [--yes] [--sbtn]\n"
+                    [--gef-depth length|corrected]
     "                    info FILE\n"
     "                    channels FILE [--kind K | --mirror M | --unaligned | --raw]\n"
     "                    export FILE --format txt|csv|cor|ecp|gin -o OUT [--channel NAME]... [--no-header]\n"
@@ -131,6 +132,46 @@ Options Parse(const std::vector<std::string>& args) {
 }
 
 
+Json OptionalJson(const std::optional<double>& value) { return value ? Json(*value) : Json(nullptr); }
+
+// What the GEF file declares besides the channels: its depth column, the cone's ratio, the
+// dissipations taken in the push, how each column was read, and every header key.
+Json GefJson(const SoundingStore& s) {
+  Json gef;
+  gef["depthColumn"] = s.GefDepthColumn;
+  gef["depthQuantity"] = s.GefDepthQuantity;
+  gef["netAreaRatio"] = OptionalJson(s.GefNetAreaRatio);
+  gef["preDrilledDepth"] = OptionalJson(s.GefPreDrilledDepth);
+  Json children = Json::array();
+  for (const GefChild& child : s.GefChildren) {
+    children.push_back({{"file", ToUtf8(child.file)}, {"depth", OptionalJson(child.depth)}});
+  }
+  gef["children"] = children;
+  Json columns = Json::array();
+  for (const GefColumnRecord& column : s.GefColumns) {
+    columns.push_back({{"column", column.column},
+                       {"quantity", column.quantity},
+                       {"unit", ToUtf8(column.unit)},
+                       {"name", ToUtf8(column.name)},
+                       {"void", OptionalJson(column.void_value)},
+                       {"channel", column.channel},
+                       {"missingCount", column.missing_count}});
+  }
+  gef["columns"] = columns;
+  // A key given on several lines (#COMMENT, #MEASUREMENTTEXT) keeps each value, one a line.
+  Json keys = Json::object();
+  for (const auto& [key, value] : s.GefHeader) {
+    const std::string text = ToUtf8(value);
+    if (keys.contains(key)) {
+      keys[key] = keys[key].get<std::string>() + "\n" + text;
+    } else {
+      keys[key] = text;
+    }
+  }
+  gef["keys"] = keys;
+  return gef;
+}
+
 Json InfoJson(const SoundingStore& s) {
   Json info;
   info["file"] = ToUtf8(s.SoundingFileName);
@@ -169,6 +210,7 @@ Json InfoJson(const SoundingStore& s) {
     if (channel != 0) roles[role.name] = channel;
   }
   info["roles"] = roles;
+  if (s.AcquisitionFamily == kGefFamily) info["gef"] = GefJson(s);
   return info;
 }
 
@@ -286,6 +328,8 @@ void WriteChannelsCsv(const SoundingStore& s, const ChannelTableView& o, std::os
         value = s.AlignedReadings(r, KindColumn(c, kind));
       }
       table += ',';
+      // A reading the file did not give is an empty cell; the raw view gives the void as written.
+      if (!o.raw && c <= s.ChannelCount && s.IsMissing(r, c)) continue;
       AppendShortestText(table, value);
     }
     table += '\n';

@@ -40,7 +40,9 @@ Json InfoJson(const Session& session) {
   info["file"] = ToUtf8(s.DissipationFileName);
   info["fileKind"] = s.FileKind;
   info["waterTableDepth"] = FloatJson(s.WaterTableDepth);
-  info["pressureUnit"] = ToUtf8(DissipationUnitText(s, session.units));
+  // A GEF report's pressures are always kPa, named without brackets.
+  info["pressureUnit"] = s.FileKind == kGefDissipation ? ToUtf8(s.PressureUnitName)
+                                                       : ToUtf8(DissipationUnitText(s, session.units));
   info["pressurePerMetreHead"] = FloatJson(s.PressurePerMetreHead);
   Json header = Json::object();
   auto put = [&](const char* name, const std::string& value) { header[name] = ToUtf8(value); };
@@ -69,6 +71,7 @@ Json InfoJson(const Session& session) {
                      {"hydrostaticPressure", FloatJson(s.HydrostaticPressure[at])}});
   }
   info["tests"] = tests;
+  if (s.FileKind == kGefDissipation) info["parentFile"] = ToUtf8(s.ParentFile);
   return info;
 }
 

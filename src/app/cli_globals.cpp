@@ -15,7 +15,7 @@ namespace marlview {
 namespace {
 
 const char* const kValueOptions[] = {"--data-dir", "--water-table", "--start-depth-unit",
-                                     "--spikes",   "--munsell",     "--tip-area"};
+                                     "--spikes",   "--munsell",     "--tip-area", "--gef-depth"};
 
 }  // namespace
 
@@ -47,6 +47,10 @@ bool ParseGlobalOption(const std::string& a, const std::function<const std::stri
     o.answers.tip_area = value();
   } else if (a == "--sbtn") {
     o.sbtn = true;
+  } else if (a == "--gef-depth") {
+    const std::string& column = value();
+    if (column != "length" && column != "corrected") throw UsageError("--gef-depth is length or corrected");
+    o.gef_corrected_depth = column == "corrected";
   } else if (a == "--yes") {
     o.answers.yes = true;
   } else {
@@ -102,6 +106,7 @@ int TellUsage(std::ostream& err, const UsageError& error, std::string_view usage
 
 void ApplyGlobalSettings(Session& session, const GlobalOptions& options) {
   if (options.sbtn) session.NormalisedClassification = 1;
+  session.GefCorrectedDepth = options.gef_corrected_depth;
 }
 
 std::unique_ptr<Session> StartCliSession(const GlobalOptions& options, const std::string& program_directory,

@@ -31,6 +31,8 @@ struct GlobalOptions {
   std::optional<double> water_table;
   // --sbtn: the normalised classification is on for this run, whatever its settings file says.
   bool sbtn = false;
+  // A GEF sounding's depth is its corrected depth column rather than its penetration length.
+  bool gef_corrected_depth = false;
   CliAnswers answers;
 };
 // The settings a global option overrides for the run, once start-up has read the files.

@@ -47,7 +47,7 @@ TEST_F(DissipationOpenTest, FieldboxFileFillsHeaderChannelsAndTests) {
   EXPECT_EQ(s.FileKind, kFieldboxDissipation);
   EXPECT_EQ(t.prompts.LastFileRequest().filter,
             "PX DAS/QRD FIELDBOX-FLDREC (*.DIS)|*.DIS|QRD-FIELDBOX-FLDACQ (*.*)|*.*|ALL SYSTEMS "
-            "(*.DIS;*.*)|*.DIS;*.*");
+            "(*.DIS;*.*)|*.DIS;*.*|GEF (*.GEF)|*.GEF");
   EXPECT_EQ(s.SectionMarker, "HARBOURLINE GEOTECHNICAL LTD.");
   EXPECT_EQ(s.TestId, "A01");
   EXPECT_EQ(s.Operator, "M. Lindqvist");

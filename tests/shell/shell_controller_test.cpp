@@ -42,7 +42,7 @@ TEST_F(ShellTest, OpeningASoundingFillsTheListsInRoleOrder) {
   const ShellView& view = controller.View();
   EXPECT_EQ(t.prompts.LastFileRequest().filter_index, 3);
   EXPECT_EQ(t.prompts.LastFileRequest().filter,
-            "PX DAS (*.CPT)|*.CPT|QRD FIELDBOX (*.DAT)|*.DAT|ALL SYSTEMS (*.CPT;*.DAT)|*.CPT;*.DAT");
+            "PX DAS (*.CPT)|*.CPT|QRD FIELDBOX (*.DAT)|*.DAT|ALL SYSTEMS (*.CPT;*.DAT)|*.CPT;*.DAT|GEF (*.GEF)|*.GEF");
   EXPECT_FALSE(view.test_type_visible);
   EXPECT_TRUE(view.sounding_frame_visible);
   EXPECT_TRUE(view.edit_visible);

@@ -232,6 +232,10 @@ CptFile SimpleCpt(int readings) {
   return file;
 }
 
+std::string TestDataPath(const std::string& relative) {
+  return EnvironmentOr("MARLVIEW_TEST_DATA", MARLVIEW_TEST_DATA_DIR) + "/" + relative;
+}
+
 void ExpectGolden(const std::string& actual, const std::string& relative) {
   const std::string path = EnvironmentOr("MARLVIEW_TEST_DATA", MARLVIEW_TEST_DATA_DIR) + "/" + relative;
   if (std::getenv("MARLVIEW_UPDATE_GOLDEN") != nullptr) {

@@ -34,6 +34,8 @@ class TempDirectory {
 std::string DefaultsDirectory();
 std::string SamplesDirectory();
 std::string ReadSample(const std::string& name);
+// The path of a file under tests/data.
+std::string TestDataPath(const std::string& relative);
 
 // A session on a fresh data directory, started as the program starts.
 struct TestSession {

@@ -86,6 +86,15 @@ double StrictNumber(std::string_view field) {
   return value;
 }
 
+std::optional<double> StrictNumberOrNone(std::string_view field) {
+  field = TrimBlanks(field);
+  const size_t length = NumberPrefixLength(field);
+  if (length == 0 || length != field.size()) return std::nullopt;
+  const double value = Convert(field);
+  if (!std::isfinite(value) || std::fabs(value) > std::numeric_limits<float>::max()) return std::nullopt;
+  return value;
+}
+
 double ParseNumber(std::string_view text, bool decimal_comma) {
   text = TrimBlanks(text);
   const char own = decimal_comma ? ',' : '.';

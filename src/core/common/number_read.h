@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,6 +19,8 @@ double LenientNumber(std::string_view text);
 // A field that must be a number: blanks around it are allowed, nothing else. Anything else fails
 // with "Type mismatch"; a value beyond the range of a 32-bit float fails with "Overflow".
 double StrictNumber(std::string_view field);
+// The strict read for a reader that refuses with its own message: nothing where StrictNumber fails.
+std::optional<double> StrictNumberOrNone(std::string_view field);
 
 // Reads a number as the PX DAS field computers wrote it, strictly otherwise. The locale reads only
 // its own decimal separator, so the other one is turned into it first: with decimal_comma a "."

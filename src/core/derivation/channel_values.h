@@ -45,8 +45,8 @@ class ChannelValues {
     if (to == 0) Fail(kErrDivisionByZero);
     return units.ConversionFactor(unit, kPressureGroup) / to;
   }
-  // Pressures of the PX DAS family are kPa, of the QRD families psi.
-  bool PsiFamily() const { return s.AcquisitionFamily != kPxDasFamily; }
+  // Pressures of the PX DAS and GEF families are kPa, of the QRD families psi.
+  bool PsiFamily() const { return !IsKpaFamily(s.AcquisitionFamily); }
   int PressureUnit() const { return PsiFamily() ? kPsiUnit : kKpaUnit; }
   // The corrected tip where there is one, else the measured tip.
   int TipSource() const { return s.TipQtChannel != 0 ? s.TipQtChannel : s.TipChannel; }

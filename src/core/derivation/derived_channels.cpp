@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
+#include <vector>
 
 #include "core/derivation/channel_values.h"
 #include "core/derivation/correlations.h"
@@ -83,11 +85,43 @@ class Pipeline {
   // that the kPa family's values are brought to psi where the chart asks for it.
   double InPsi(double value) const { return v_.PsiFamily() ? value : value / kPsiToKpa; }
 
+  // Whether row r of channel c has no value: a missing reading, or a derived value that read one.
+  bool Unusable(int r, int c) const;
+  // A derived channel reads whole rows only: where any of inputs lacks a value, c is 0 in every
+  // output and mirror (a zone: unclassified) and lacks a value itself for the channels after it.
+  void ZeroWhereMissing(int c, std::initializer_list<int> inputs, bool zone = false);
+
   Session& session_;
   SoundingStore& s_;
   ChannelValues v_;
   int measured_;
+  // Only a file with missing readings pays for the row checks; the others' values stay untouched.
+  bool any_missing_ = false;
+  std::array<std::vector<uint8_t>, kMaxChannels + 1> derived_missing_;
 };
+
+bool Pipeline::Unusable(int r, int c) const {
+  if (c <= 0 || c > kMaxChannels) return false;
+  if (c <= measured_) return s_.IsMissing(r, c);
+  const std::vector<uint8_t>& rows = derived_missing_[static_cast<size_t>(c)];
+  return static_cast<size_t>(r) < rows.size() && rows[static_cast<size_t>(r)] != 0;
+}
+
+void Pipeline::ZeroWhereMissing(int c, std::initializer_list<int> inputs, bool zone) {
+  if (!any_missing_) return;
+  std::vector<uint8_t>& rows = derived_missing_[static_cast<size_t>(c)];
+  rows.assign(static_cast<size_t>(s_.ReadingCount) + 1, 0);
+  for (int r = 1; r <= s_.ReadingCount; ++r) {
+    if (std::none_of(inputs.begin(), inputs.end(), [this, r](int input) { return Unusable(r, input); })) continue;
+    rows[static_cast<size_t>(r)] = 1;
+    if (zone) {
+      v_.SetZone(r, c, 0);
+    } else {
+      v_.SetKinds(r, c, 0);
+      v_.SetMirrors(r, c, 0);
+    }
+  }
+}
 
 void Pipeline::ClearDerivedChannels() {
   const int first = measured_ + 1;
@@ -143,8 +177,12 @@ void Pipeline::SetFactorsFromGroup(int c, int group) {
 
 void Pipeline::Run() {
   ClearDerivedChannels();
+  for (int c = 1; c <= measured_ && !any_missing_; ++c) any_missing_ = s_.MissingReading.RowsHeld(c) > 0;
+  for (auto& rows : derived_missing_) rows.clear();
   if (s_.InclXChannel != 0 && s_.InclYChannel != 0) {
-    InclinationTotal(Add({"Inclination Total", "Inclination", "", 9, kInclinationGroup, 0, &ChannelRoles::InclTotalChannel}));
+    const int total = Add({"Inclination Total", "Inclination", "", 9, kInclinationGroup, 0, &ChannelRoles::InclTotalChannel});
+    InclinationTotal(total);
+    ZeroWhereMissing(total, {s_.InclXChannel, s_.InclYChannel});
   }
   if (s_.ResistivityChannel != 0) {
     Conductivity(Add({"Conductivity", "Conductivity", "COND(mS/m):", 34, kConductivityGroup, 0,
@@ -153,15 +191,19 @@ void Pipeline::Run() {
   const bool friction = s_.TipChannel != 0 && s_.SleeveChannel != 0;
   const bool pore = s_.PorePressureChannel != 0;
   if (friction) {
-    FrictionRatio(Add({"Friction Ratio (Fs/Qc)", "Fr (Fs/Qc)", "Fs/QC(%):", 36, kPercentageGroup, 0,
-                       &ChannelRoles::FrictionRatioQcChannel}),
-                  s_.TipChannel, false);
+    const int ratio = Add({"Friction Ratio (Fs/Qc)", "Fr (Fs/Qc)", "Fs/QC(%):", 36, kPercentageGroup, 0,
+                           &ChannelRoles::FrictionRatioQcChannel});
+    FrictionRatio(ratio, s_.TipChannel, false);
+    ZeroWhereMissing(ratio, {s_.SleeveChannel, s_.TipChannel});
   }
   if (friction && pore) {
-    CorrectedTip(Add({"Tip Resistance (Qt)", "Tip (Qt)", "Qt:", 2, kPressureGroup, 0, &ChannelRoles::TipQtChannel}));
-    FrictionRatio(Add({"Friction Ratio (Fs/Qt)", "Fr (Fs/Qt)", "FS/Qt(%):", 37, kPercentageGroup, 0,
-                       &ChannelRoles::FrictionRatioQtChannel}),
-                  s_.TipQtChannel, true);
+    const int qt = Add({"Tip Resistance (Qt)", "Tip (Qt)", "Qt:", 2, kPressureGroup, 0, &ChannelRoles::TipQtChannel});
+    CorrectedTip(qt);
+    ZeroWhereMissing(qt, {s_.TipChannel, s_.PorePressureChannel});
+    const int ratio = Add({"Friction Ratio (Fs/Qt)", "Fr (Fs/Qt)", "FS/Qt(%):", 37, kPercentageGroup, 0,
+                           &ChannelRoles::FrictionRatioQtChannel});
+    FrictionRatio(ratio, s_.TipQtChannel, true);
+    ZeroWhereMissing(ratio, {s_.SleeveChannel, qt});
     HeadPressure(Add({"Head Pressure", "Press H", "Press H:", 47, kPressureGroup, 0, &ChannelRoles::HeadPressureChannel}));
   }
   Overburden(Add({"Overburden", "Overburden", "Overburden:", 38, kPressureGroup, 0, &ChannelRoles::OverburdenChannel}));
@@ -170,31 +212,53 @@ void Pipeline::Run() {
                              &ChannelRoles::EffOverburdenChannel}));
   }
   const int sbt83 = Add({"SBT(1983)*", "SBT(1983)*", "SBT(83):", 43, kSbt83Group, 2, &ChannelRoles::Sbt83Channel});
-  Add({"SPT N*", "SPT N*", "SPT(N):", 46, kSptGroup, 1, &ChannelRoles::SptChannel});
+  const int spt = Add({"SPT N*", "SPT N*", "SPT(N):", 46, kSptGroup, 1, &ChannelRoles::SptChannel});
   Classify1983(sbt83);
-  Classify1986Friction(Add({"SBT FR(1986)*", "SBT FR(1986)*", "SBT FR(86):", 51, kSbt86Group, 2,
-                            &ChannelRoles::Sbt86FrChannel}));
-  if (pore) {
-    Classify1986PorePressure(Add({"SBT PP(1986)*", "SBT PP(1986)*", "SBT PP(86):", 52, kSbt86Group, 2,
-                                  &ChannelRoles::Sbt86PpChannel}));
+  const int tip = v_.TipSource(), ratio = v_.FrictionSource(), u2 = s_.PorePressureChannel;
+  ZeroWhereMissing(sbt83, {tip, ratio}, true);
+  ZeroWhereMissing(spt, {tip, ratio}, true);
+  if (any_missing_) {
+    for (int r = 1; r <= s_.ReadingCount; ++r) {
+      if (Unusable(r, sbt83)) s_.LastSbt83Zone[r] = 0;
+    }
   }
-  Classify1990Qt(Add({"SBT(QT)(1990)*", "SBT(QT)(1990)", "SBT(QT90):", 44, kSbt90Group, 2, &ChannelRoles::Sbt90QtChannel}));
-  CalculateFrictionAngle(v_, Add({"Friction Angle", "Friction Angle", "Fs Angle", 40, kInclinationGroup, 0,
-                                  &ChannelRoles::FrictionAngleChannel}));
+  const int sbt86 = Add({"SBT FR(1986)*", "SBT FR(1986)*", "SBT FR(86):", 51, kSbt86Group, 2,
+                         &ChannelRoles::Sbt86FrChannel});
+  Classify1986Friction(sbt86);
+  ZeroWhereMissing(sbt86, {tip, ratio}, true);
+  if (pore) {
+    const int sbt86_pp = Add({"SBT PP(1986)*", "SBT PP(1986)*", "SBT PP(86):", 52, kSbt86Group, 2,
+                              &ChannelRoles::Sbt86PpChannel});
+    Classify1986PorePressure(sbt86_pp);
+    ZeroWhereMissing(sbt86_pp, {tip, u2}, true);
+  }
+  const int sbt90 = Add({"SBT(QT)(1990)*", "SBT(QT)(1990)", "SBT(QT90):", 44, kSbt90Group, 2, &ChannelRoles::Sbt90QtChannel});
+  Classify1990Qt(sbt90);
+  ZeroWhereMissing(sbt90, {tip, s_.SleeveChannel}, true);
+  const int angle = Add({"Friction Angle", "Friction Angle", "Fs Angle", 40, kInclinationGroup, 0,
+                         &ChannelRoles::FrictionAngleChannel});
+  CalculateFrictionAngle(v_, angle);
+  ZeroWhereMissing(angle, {sbt90, s_.TipChannel});
   const int shear = Add({"Shear Strength", "Shear Strength", "Shear Strength", 41, kPressureGroup, 0,
                          &ChannelRoles::ShearStrengthChannel});
   s_.ChannelBaseFactor[shear] = kShearStrengthBase;
   SetFactors(shear, v_.PressureUnit(), kPressureGroup);
   CalculateShearStrength(v_, shear, kShearFactorNk);
+  ZeroWhereMissing(shear, {sbt90, s_.TipChannel});
   if (pore) {
-    CalculateOverConsolidation(v_, Add({"Over Consolidation Ratio", "OCR", "Over Consolidation Ratio", 42,
-                                        kPercentageGroup, 0, &ChannelRoles::OcrChannel}));
-    Classify1990Bq(Add({"SBT(Bq)(1990)*", "SBT(Bq)(1990)*", "SBT(Bq90):", 45, kSbt90Group, 2,
-                        &ChannelRoles::Sbt90BqChannel}));
+    const int ocr = Add({"Over Consolidation Ratio", "OCR", "Over Consolidation Ratio", 42, kPercentageGroup, 0,
+                         &ChannelRoles::OcrChannel});
+    CalculateOverConsolidation(v_, ocr);
+    ZeroWhereMissing(ocr, {s_.TipQtChannel});
+    const int sbt90_bq = Add({"SBT(Bq)(1990)*", "SBT(Bq)(1990)*", "SBT(Bq90):", 45, kSbt90Group, 2,
+                              &ChannelRoles::Sbt90BqChannel});
+    Classify1990Bq(sbt90_bq);
+    ZeroWhereMissing(sbt90_bq, {tip, u2}, true);
   }
   WetDensity(Add({"Wet Density", "Wet Dens", "Wet D:", 48, kDensityGroup, 0, &ChannelRoles::WetDensityChannel}));
-  if (s_.AcquisitionFamily != kPxDasFamily) {
-    // The time of each reading is shown from its data line; the channel carries only its name.
+  if (!IsKpaFamily(s_.AcquisitionFamily)) {
+    // The time of each reading is shown from its data line; the channel carries only its name. A
+    // GEF file's time is a column of its own.
     const int time = Add({"Time", "Time", "", 0, 0, 0, &ChannelRoles::TimeChannel});
     s_.ChannelUnitLabel[time].fill("");
     s_.ChannelUnitName[time].fill("Time");
@@ -261,7 +325,8 @@ void Pipeline::FrictionRatio(int c, int tip, bool corrected) {
 // qt = qc + (1 - a) u, with a the cone's net area ratio.
 void Pipeline::CorrectedTip(int c) {
   const int tip = s_.TipChannel, u2 = s_.PorePressureChannel;
-  const double a = session_.general.NetAreaRatio;
+  // A GEF file that states its cone's ratio is corrected with it; the setting stays as it is.
+  const double a = s_.GefNetAreaRatio.value_or(session_.general.NetAreaRatio);
   SetFactors(c, s_.ChannelDefaultUnit[tip], kPressureGroup);
   for (int r = 1; r <= s_.ReadingCount; ++r) {
     for (int k = 0; k < kOutputKinds; ++k) {
@@ -425,7 +490,7 @@ void Pipeline::WetDensity(int c) {
 }  // namespace
 
 Sbt1983Input ReadSbt1983Input(const SoundingStore& s, int r) {
-  const bool psi_family = s.AcquisitionFamily != kPxDasFamily;
+  const bool psi_family = !IsKpaFamily(s.AcquisitionFamily);
   const int tip = s.TipQtChannel != 0 ? s.TipQtChannel : s.TipChannel;
   const int ratio = s.TipQtChannel != 0 ? s.FrictionRatioQtChannel : s.FrictionRatioQcChannel;
   Sbt1983Input in;

@@ -63,7 +63,8 @@ void CalculatePushSpeed(ChannelValues& v, int c, const PushSpeedSettings& settin
   const SoundingStore& s = v.s;
   const int n = s.ReadingCount;
   std::vector<double> speed;
-  if (s.AcquisitionFamily == kPxDasFamily) {
+  // PX DAS and GEF files give a speed per reading; the QRD families' is worked from the clock.
+  if (IsKpaFamily(s.AcquisitionFamily)) {
     speed.assign(static_cast<size_t>(n) + 2, 0.0);
     for (int r = 1; r <= n; ++r) speed[r] = s.PushSpeed[r];
     RepairSlowRows(speed, n);

@@ -7,6 +7,7 @@
 #include "core/common/number_format.h"
 #include "core/common/runtime_failure.h"
 #include "core/dissipation/dissipation_readers.h"
+#include "core/session/gef_pairing.h"
 #include "core/session/session.h"
 
 namespace marlview {
@@ -14,7 +15,7 @@ namespace {
 
 constexpr const char* kDissipationFilter =
     "PX DAS/QRD FIELDBOX-FLDREC (*.DIS)|*.DIS|QRD-FIELDBOX-FLDACQ (*.*)|*.*|ALL SYSTEMS "
-    "(*.DIS;*.*)|*.DIS;*.*";
+    "(*.DIS;*.*)|*.DIS;*.*|GEF (*.GEF)|*.GEF";
 
 }  // namespace
 
@@ -50,6 +51,7 @@ void DissipationController::Refill() {
     view_.depth_rows.push_back(FormatNumber(depth, "##0.00#"));
   }
   view_.info = SetDissipationInfo(set, metric, session_.FeetPerMetre);
+  if (PairedDissipationDepth(session_.Sounding(), set)) view_.info += "\nDISSIPATION OF " + session_.Sounding().SoundingFileName;
   UpdateButtons();
 }
 

@@ -163,6 +163,7 @@ std::string DissipationListCaption(const DissipationSet& set) {
 std::string DissipationUnitName(const DissipationSet& set, const UnitTables& units) {
   switch (set.FileKind) {
     case kPxDasDissipation:
+    case kGefDissipation:
       return set.PressureUnitName;
     case kFieldboxDissipation:
       return units.Name(set.PressureUnitIndex, kPressureGroup);

@@ -9,6 +9,7 @@
 #include "core/common/number_read.h"
 #include "core/common/runtime_failure.h"
 #include "core/common/text_rules.h"
+#include "core/dissipation/gef_dissipation_reader.h"
 #include "core/model/unit_tables.h"
 #include "core/session/session.h"
 
@@ -488,8 +489,32 @@ void ReadDissipation(std::string_view bytes, const UnitTables& units, Dissipatio
   });
 }
 
+// A GEF file is told apart by its report code, not its name; a CPT report is refused here.
+bool OpenGefDissipation(Session& session, UserPrompts& prompts, const std::string& path) {
+  const std::string name(FileNamePart(path));
+  const std::string bytes = InProcedure("OpenDissipationFile", [&] { return ReadWholeFile(path); });
+  DissipationSet& spare = session.SpareDissipation();
+  spare.Reset();
+  spare.WaterTableDepth = session.Dissipation().WaterTableDepth;
+  const std::string refusal = ReadGefDissipation(bytes, name, spare, prompts);
+  if (!refusal.empty()) {
+    prompts.Tell(refusal);
+    return false;
+  }
+  InProcedure("OpenDissipationFile", [&] {
+    ComputeMaxPercent(spare, 1);
+    ComputeHeadPercent(spare, 1);
+  });
+  spare.DissipationPath = path;
+  spare.DissipationFileName = name;
+  session.CommitDissipation();
+  session.DissipationDirectory = std::string(FolderPart(path));
+  return true;
+}
+
 bool OpenDissipationPath(Session& session, UserPrompts& prompts, const std::string& path) {
   const std::string name(FileNamePart(path));
+  if (EndsWithNoCase(name, ".gef")) return OpenGefDissipation(session, prompts, path);
   int16_t kind = session.Dissipation().FileKind;
   std::string bytes;
   std::string_view first_line;

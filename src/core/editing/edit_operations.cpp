@@ -524,8 +524,11 @@ bool SaveSoundingAs(Session& session, UserPrompts& prompts, const std::string& p
   return SaveSounding(session, prompts, path, dat_compatible);
 }
 
+bool SoundingSaveOffered(const SoundingStore& store) { return store.AcquisitionFamily != kGefFamily; }
+
 bool ChooseAndSaveSounding(Session& session, UserPrompts& prompts, bool dat_compatible) {
   const SoundingStore& s = session.Sounding();
+  if (!SoundingSaveOffered(s)) return false;
   FileDialogRequest request;
   request.title = "Save As";
   request.filter = s.AcquisitionFamily == kPxDasFamily && !dat_compatible

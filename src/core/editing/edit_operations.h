@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/common/user_prompts.h"
+#include "core/model/sounding_store.h"
 
 namespace marlview {
 
@@ -86,5 +87,7 @@ bool SaveSoundingAs(Session& session, UserPrompts& prompts, const std::string& p
 // mnuSaveAs of the editor, the lists and the plot: the save dialog (DAT or PX DAS files, by the
 // layout written), then SaveSoundingAs. False when nothing was written.
 bool ChooseAndSaveSounding(Session& session, UserPrompts& prompts, bool dat_compatible);
+// Whether the plot offers to save the sounding: not for a GEF file, which is read only.
+bool SoundingSaveOffered(const SoundingStore& store);
 
 }  // namespace marlview

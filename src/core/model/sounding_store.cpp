@@ -61,6 +61,12 @@ std::vector<HeaderField> HeaderFields(const KorvanHeader& k, const CptHeader& c,
             {"GpsLat", &k.GpsLat},             {"GpsLon", &k.GpsLon},
             {"GpsElev", &k.GpsElev}};
   }
+  if (family == kGefFamily) {
+    return {{"TestId", &k.TestId},     {"Crew", &k.Crew},         {"Project", &k.Project},
+            {"Site", &k.Site},         {"Location", &k.Location}, {"Comments", &k.Comments},
+            {"TestDate", &k.TestDate}, {"StartTime", &k.StartTime}, {"GpsLat", &k.GpsLat},
+            {"GpsLon", &k.GpsLon},     {"GpsElev", &k.GpsElev}};
+  }
   return {{"FileVersionLine", &k.FileVersionLine},
           {"FileProductLine", &k.FileProductLine},
           {"TestId", &k.TestId},
@@ -145,6 +151,7 @@ void SoundingStore::ResetSounding() {
   static_cast<ChannelRoles&>(*this) = ChannelRoles{};
   static_cast<KorvanHeader&>(*this) = KorvanHeader{};
   static_cast<CptHeader&>(*this) = CptHeader{};
+  static_cast<GefRecord&>(*this) = GefRecord{};
 }
 
 }  // namespace marlview

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/model/column_table.h"
+#include "core/model/gef_record.h"
 
 namespace marlview {
 
@@ -37,6 +38,9 @@ enum AcquisitionFamilyCode : int16_t {
   // A GEF exchange file: read only, pressures in kPa, and a reading may be missing.
   kGefFamily = 3,
 };
+
+// The families whose pressures are kPa; every other family records psi.
+constexpr bool IsKpaFamily(int family) { return family == kPxDasFamily || family == kGefFamily; }
 
 using PerKind = std::array<std::string, kOutputKinds>;
 template <typename T>
@@ -165,7 +169,8 @@ class SoundingStore : public SoundingScalars,
                       public ChannelTables,
                       public ChannelRoles,
                       public KorvanHeader,
-                      public CptHeader {
+                      public CptHeader,
+                      public GefRecord {
  public:
   SoundingStore();
   SoundingStore(SoundingStore&&) noexcept = default;

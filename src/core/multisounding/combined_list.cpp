@@ -113,7 +113,8 @@ std::string FullText(const Session& session, const CombinedListOptions& o) {
     for (const Column& col : columns) {
       cell.clear();
       const int r = j <= col.rows->size() ? (*col.rows)[j - 1] : 0;
-      if (col.channel != 0 && r != 0) {
+      // A reading the file did not give stays an empty cell.
+      if (col.channel != 0 && r != 0 && !col.store->IsMissing(r, col.channel)) {
         AppendNumber(cell, col.store->AlignedReadings(r, KindColumn(col.channel, kind)),
                      NumberPattern(*col.store, col.channel, kind));
       }

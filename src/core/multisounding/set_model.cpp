@@ -13,6 +13,7 @@
 #include "core/derivation/derived_channels.h"
 #include "core/io/cpt_reader.h"
 #include "core/io/dat_reader.h"
+#include "core/io/gef_reader.h"
 #include "core/presentation/sounding_list.h"
 
 namespace marlview {
@@ -89,8 +90,9 @@ SetLoadOutcome LoadSetFiles(Session& session, UserPrompts& prompts, const std::v
     ReadOutcome outcome = ReadOutcome::kRefused;
     const bool read = TellFailures(prompts, "LoadSoundings", [&] {
       const std::string bytes = ReadWholeFile(path);
-      outcome = EndsWithNoCase(path, ".cpt") ? ReadCptSounding(bytes, path, session, *store, prompts)
-                                             : ReadDatSounding(bytes, path, session, *store, prompts);
+      outcome = EndsWithNoCase(path, ".cpt")   ? ReadCptSounding(bytes, path, session, *store, prompts)
+                : EndsWithNoCase(path, ".gef") ? ReadGefSounding(bytes, path, session, *store, prompts)
+                                               : ReadDatSounding(bytes, path, session, *store, prompts);
       if (outcome == ReadOutcome::kLoaded && answers.water_table) {
         store->WaterTableDepth = static_cast<float>(*answers.water_table);
         ComputeDerivedChannels(session, *store, store->ChannelCount);

@@ -64,6 +64,7 @@ void AppendEcpDepth(std::string& out, const Session& session, int row) {
 // The cell untrimmed: a pressure in the view's unit, or the list's cell of the ECP output.
 void AppendEcpCell(std::string& out, const Session& session, const EcpView& view, int row, int c) {
   const SoundingStore& s = session.Sounding();
+  if (s.IsMissing(row, c)) return;
   if (IsEcpPressure(s, c)) {
     const int unit = ValidUnit(view.unit);
     AppendNumber(out, s.AlignedFixedPressure[unit](row, c), NumberPattern(s, c, kEcpOutput));

@@ -81,6 +81,8 @@ double CellValue(const SoundingStore& s, int r, int c, int kind, bool raw) {
 // the clock of the reading.
 void AppendCommaCell(std::string& out, const Session& session, int r, int c, int kind, bool raw) {
   const SoundingStore& s = session.Sounding();
+  // A reading the file did not give is an empty cell.
+  if (s.IsMissing(r, c)) return;
   if (c == s.TimeChannel && c != 0) {
     out += TailClock(s.RowTail[r]);
   } else {
@@ -97,6 +99,7 @@ std::string_view NumberPattern(const SoundingStore& s, int channel, int kind) {
 
 void AppendCellText(std::string& out, const Session& session, int r, int c, int kind, bool raw) {
   const SoundingStore& s = session.Sounding();
+  if (s.IsMissing(r, c)) return;
   const double v = CellValue(s, r, c, kind, raw);
   const int chart = ZoneChart(s, c);
   if (chart >= 0) {
@@ -333,6 +336,14 @@ std::string GinExport(const Session& session, GinUnit unit) {
     out += ',';
     AppendNumber(out, number, format);
   };
+  // A reading the file did not give is an empty field.
+  auto reading = [&](int r, int c, const char* format) {
+    if (s.IsMissing(r, c)) {
+      out += ',';
+    } else {
+      field(pressure(r, c), format);
+    }
+  };
   auto zone = [&](int r, int c) {
     const double z = value(r, c);
     if (z == 0) {
@@ -348,17 +359,16 @@ std::string GinExport(const Session& session, GinUnit unit) {
   for (int r = 1; r <= n; ++r) {
     out += point;
     field(depth_of(r), "##0.0000");
-    if (s.SleeveChannel != 0) field(pressure(r, s.SleeveChannel), pressure_format);
+    if (s.SleeveChannel != 0) reading(r, s.SleeveChannel, pressure_format);
     if (s.TipChannel != 0) {
-      field(pressure(r, s.TipChannel), unit == GinUnit::kMpa ? "###0.00000" : pressure_format);
+      reading(r, s.TipChannel, unit == GinUnit::kMpa ? "###0.00000" : pressure_format);
       field(pressure(r, s.TipQtChannel != 0 ? s.TipQtChannel : s.TipChannel), pressure_format);
     }
     if (s.TipChannel != 0 && s.SleeveChannel != 0) {
       field(value(r, s.FrictionRatioQtChannel != 0 ? s.FrictionRatioQtChannel : s.FrictionRatioQcChannel), "###0.000");
     }
     if (s.PorePressureChannel != 0) {
-      field(pressure(r, s.PorePressureChannel),
-            unit == GinUnit::kMpa ? "###0.00000" : fine ? "###0.0000" : "#######0.0000");
+      reading(r, s.PorePressureChannel, unit == GinUnit::kMpa ? "###0.00000" : fine ? "###0.0000" : "#######0.0000");
     }
     // One field each: "0" then the mantissa pattern, so 12.34 reads 0.1234E+02.
     if (s.OverburdenChannel != 0) {

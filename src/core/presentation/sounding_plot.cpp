@@ -12,6 +12,7 @@
 #include "core/common/text_rules.h"
 #include "core/derivation/normalised_sbt.h"
 #include "core/presentation/sounding_report.h"
+#include "core/session/gef_pairing.h"
 #include "core/session/session.h"
 
 namespace marlview {
@@ -30,6 +31,7 @@ constexpr Colour kZoneColours[] = {
 constexpr Colour kGridColour{192, 192, 192};
 constexpr Colour kWaterTableColour{0, 0, 255};
 constexpr Colour kCommentColour{0, 0, 128};
+constexpr Colour kDissipationColour{0, 128, 0};
 
 struct StepRow {
   double up_to;
@@ -83,6 +85,7 @@ class PlotDrawing {
   void StepCurve(int i, bool zones);
   void WaterTable();
   void Comments();
+  void PairedDissipation();
   double Depth(int r) const { return PlotDepth(plot_, session_, s_.DepthTable(r, 1)); }
   void Text(double x, double y, const std::string& text) {
     g_.SetCurrentXY(x, y);
@@ -118,6 +121,7 @@ void PlotDrawing::Draw(double left, double top, double right, double bottom) {
   for (int i = 1; i <= plot_.PlotChannelCount; ++i) Column(i);
   WaterTable();
   Comments();
+  PairedDissipation();
 }
 
 void PlotDrawing::DepthAxis() {
@@ -221,6 +225,18 @@ void PlotDrawing::WaterTable() {
   const double left = plot_.PlotAreaLeft;
   g_.Line(left - 10, y, left + plot_.PlotAreaWidth, y, pens_.colour ? kWaterTableColour : kBlack);
   Text(left + 2, y - g_.TextHeight("Ag"), " WT: " + FormatNumber(d, " ###0"));
+}
+
+// The dissipation taken in this push, marked at its depth across the plot.
+void PlotDrawing::PairedDissipation() {
+  const std::optional<float> depth_m = PairedDissipationDepth(s_, session_.Dissipation());
+  if (!depth_m) return;
+  const double d = PlotDepth(plot_, session_, *depth_m);
+  if (d < plot_.DepthAxisMin || d > plot_.DepthAxisMax) return;
+  const double y = DepthToY(plot_, d);
+  const double right = plot_.PlotAreaLeft + plot_.PlotAreaWidth;
+  g_.Line(right - 40, y, right, y, pens_.colour ? kDissipationColour : kBlack);
+  Text(right - 40, y - g_.TextHeight("Ag"), "DISS");
 }
 
 void PlotDrawing::Comments() {
@@ -351,11 +367,16 @@ void DrawTrace(DrawingSurface& g, const PlotState& plot, const Session& session,
   auto x_of = [&](double v) { return left + (v - min) / span * plot.PlotColumnWidth[i]; };
   auto value = [&](int r) { return static_cast<double>(table(r, table_column)); };
   auto depth = [&](int r) { return PlotDepth(plot, session, s.DepthTable(r, 1)); };
+  // A reading the file did not give leaves a gap: no line is drawn to or from it.
+  const int channel = table_column % 100;
+  const bool gaps = s.MissingReading.RowsHeld(channel) > 0;
+  auto missing = [&](int r) { return gaps && s.IsMissing(r, channel); };
   const int n = s.ReadingCount;
   const double pixel = std::abs(g.PixelHeight());
   const bool decimate = !g.IsPrinter() && pixel > 0 && n > 2 * plot.PlotAreaHeight / pixel;
   if (!decimate) {
     for (int r = 2; r <= n; ++r) {
+      if (missing(r - 1) || missing(r)) continue;
       double x0 = x_of(value(r - 1)), y0 = DepthToY(plot, depth(r - 1));
       double x1 = x_of(value(r)), y1 = DepthToY(plot, depth(r));
       if (CutToRectangle(x0, y0, x1, y1, left, top, right, bottom)) g.Line(x0, y0, x1, y1, colour);
@@ -375,6 +396,11 @@ void DrawTrace(DrawingSurface& g, const PlotState& plot, const Session& session,
     last_x = high, last_y = row_y;
   };
   for (int r = 1; r <= n; ++r) {
+    if (missing(r)) {
+      flush();
+      row_y = -1, last_y = -1;
+      continue;
+    }
     const double y = DepthToY(plot, depth(r));
     const double snapped = top + std::floor((y - top) / pixel) * pixel;
     const double x = x_of(value(r));

@@ -110,7 +110,7 @@ std::string PressureWord(const SoundingStore& s) {
   if (is("bar")) return "BAR";
   if (ContainsNoCase(unit, "kg/cm") || ContainsNoCase(unit, "kgf/cm") || is("ksc")) return "KSC";
   if (is("v") || ContainsNoCase(unit, "volt")) return "VOLTS";
-  return s.AcquisitionFamily == kPxDasFamily ? "KPA" : "PSI";
+  return IsKpaFamily(s.AcquisitionFamily) ? "KPA" : "PSI";
 }
 
 // Cuts text to fit width, for a header box that would run into the next.

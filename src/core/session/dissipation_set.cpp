@@ -182,6 +182,7 @@ void ComputeHeadPercent(DissipationSet& set, int test) {
 std::string DissipationUnitText(const DissipationSet& set, const UnitTables& units) {
   switch (set.FileKind) {
     case kPxDasDissipation:
+    case kGefDissipation:
       return "(" + set.PressureUnitName + ")";
     case kFieldboxDissipation:
       return "(" + units.Name(set.PressureUnitIndex, kPressureGroup) + ")";

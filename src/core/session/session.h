@@ -101,6 +101,8 @@ class Session {
 
   float FeetPerMetre = kFeetPerMetre;
   bool DecimalComma = false;
+  // A GEF sounding's depth is its corrected depth column (quantity 11), not its penetration length.
+  bool GefCorrectedDepth = false;
   // 1: depths shown in metres; any other value: feet.
   int16_t DepthUnitIsMetric = 1;
   int16_t DepthUnitsFlag = 1;

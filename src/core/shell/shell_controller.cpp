@@ -11,6 +11,7 @@
 #include "core/derivation/derived_channels.h"
 #include "core/io/cpt_reader.h"
 #include "core/io/dat_reader.h"
+#include "core/io/gef_reader.h"
 #include "core/model/conversion.h"
 #include "core/presentation/sounding_list.h"
 #include "core/seismic/seismic_open.h"
@@ -23,7 +24,7 @@ namespace marlview {
 namespace {
 
 constexpr const char* kSoundingFilter =
-    "PX DAS (*.CPT)|*.CPT|QRD FIELDBOX (*.DAT)|*.DAT|ALL SYSTEMS (*.CPT;*.DAT)|*.CPT;*.DAT";
+    "PX DAS (*.CPT)|*.CPT|QRD FIELDBOX (*.DAT)|*.DAT|ALL SYSTEMS (*.CPT;*.DAT)|*.CPT;*.DAT|GEF (*.GEF)|*.GEF";
 constexpr size_t kMaxPlotColumns = 6;
 
 }  // namespace
@@ -142,7 +143,10 @@ bool ShellController::OpenSoundingFile() {
   FileDialogRequest request;
   request.title = "Open";
   request.filter = kSoundingFilter;
-  request.filter_index = (family == kKorvanDatFamily || family == kPlainDatFamily) ? 2 : (family == kPxDasFamily ? 1 : 3);
+  request.filter_index = (family == kKorvanDatFamily || family == kPlainDatFamily) ? 2
+                         : family == kPxDasFamily                                ? 1
+                         : family == kGefFamily                                  ? 4
+                                                                                 : 3;
   if (DirectoryExists(session_.SoundingDirectory)) request.start_directory = session_.SoundingDirectory;
   const std::string path = prompts_.OpenFile(request);
   if (path.size() < 4) {
@@ -150,14 +154,16 @@ bool ShellController::OpenSoundingFile() {
     return false;
   }
   const bool px_das = EndsWithNoCase(path, "cpt");
-  if (!px_das && !EndsWithNoCase(path, "dat")) {
+  const bool gef = EndsWithNoCase(path, ".gef");
+  if (!px_das && !gef && !EndsWithNoCase(path, "dat")) {
     BackToModeChoice();
     return false;
   }
-  // A PX DAS file is read only: its readings are not edited.
-  view_.edit_visible = !px_das;
-  const ReadOutcome outcome =
-      px_das ? OpenCptSounding(session_, prompts_, path) : OpenDatSounding(session_, prompts_, path);
+  // PX DAS and GEF files are read only: their readings are not edited.
+  view_.edit_visible = !px_das && !gef;
+  const ReadOutcome outcome = px_das ? OpenCptSounding(session_, prompts_, path)
+                              : gef  ? OpenGefSounding(session_, prompts_, path)
+                                     : OpenDatSounding(session_, prompts_, path);
   if (outcome != ReadOutcome::kLoaded) {
     BackToModeChoice();
     return false;
@@ -193,6 +199,8 @@ void ShellController::FillSoundingInfo() {
   view_.sounding_info = "FILENAME: " + s.SoundingFileName + "\nLOCATION: " + location +
                         "\nDISTANCE PUSHED: " + FormatNumber(pushed, "###0.00") +
                         (metric ? " (m)" : " (ft)");
+  // A GEF file's header is shown as the file gives it, one key a line.
+  for (const auto& [key, value] : s.GefHeader) view_.sounding_info += "\n#" + key + "= " + value;
 }
 
 void ShellController::PopulateChannelList() {

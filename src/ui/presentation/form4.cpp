@@ -130,6 +130,7 @@ void Form4::BuildMenus() {
   mnuPrintPreview = NamedAction(file, "mnuPrintPreview", "Print Pre&view...");
   mnuPrintSettings = NamedAction(file, "mnuPrintSettings", "Print &Settings...");
   mnuSaveAs = NamedAction(file, "mnuSaveAs", "Save &As...");
+  mnuSaveAs->setVisible(SoundingSaveOffered(session_.Sounding()));
   file->addSeparator();
   mnuReturn = NamedAction(file, "mnuReturn", "&Return to Main Form");
 

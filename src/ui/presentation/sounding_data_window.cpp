@@ -110,6 +110,9 @@ void FrmSoundingData::BuildMenus() {
   mnuSaveAs = NamedAction(file, "mnuSaveAs", "Save Sounding &As...");
   mnuExportLogDATCompatibleDATFile =
       NamedAction(file, "mnuExportLogDATCompatibleDATFile", "Export LOG DAT Compatible DAT File...");
+  // A GEF sounding is read only: it is not written back in another layout.
+  mnuSaveAs->setVisible(SoundingSaveOffered(session_.Sounding()));
+  mnuExportLogDATCompatibleDATFile->setVisible(SoundingSaveOffered(session_.Sounding()));
   mnuReturn = NamedAction(file, "mnuReturn", "&Return to Main Form");
 
   QMenu* edit = menuBar()->addMenu("&Edit");
