@@ -39,7 +39,7 @@ namespace {
 constexpr const char* kUsage =
     "usage: marlview-cli [--data-dir DIR] [--feet] [--water-table D] [--start-depth-unit m|ft]\n"
     "                    [--spikes remove|keep] [--munsell import|skip] [--tip-area MM2] [--yes] [--sbtn]\n"
-                    [--gef-depth length|corrected]
+    "                    [--gef-depth length|corrected]\n"
     "                    info FILE\n"
     "                    channels FILE [--kind K | --mirror M | --unaligned | --raw]\n"
     "                    export FILE --format txt|csv|cor|ecp|gin -o OUT [--channel NAME]... [--no-header]\n"
