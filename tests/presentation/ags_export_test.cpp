@@ -11,6 +11,7 @@
 #include "core/dissipation/export_consolidation.h"
 #include "core/common/file_access.h"
 #include "core/io/dat_reader.h"
+#include "core/io/gef_reader.h"
 #include "core/multisounding/batch_export.h"
 #include "core/multisounding/set_model.h"
 #include "core/presentation/ags_export.h"
@@ -349,6 +350,20 @@ TEST_F(AgsExportTest, SeismicTestsNeedTheEditionOf2024) {
 // Worked by hand: 1234.5 kPa is 1.2345 MPa, "1.235" at three decimals; 100 psi of 6894.7573 Pa is
 // 0.68947573 MPa; ch 1e-6 m2/s is 31.5576 m2/yr ("3.16E+01", or "31.6" in 4.0.x); 0.0015 m2 is
 // 15 cm2 and 1500 mm2.
+// A GEF cone states its own ratio (0.80) and tip area (1000 mm2): those go out, not the setting.
+TEST_F(AgsExportTest, AGefConeGivesItsOwnRatioAndArea) {
+  t.session->general.NetAreaRatio = 0.85f;
+  ASSERT_EQ(ReadGefSounding(test::ReadSample("CPT-G01.gef"), "/field/CPT-G01.gef", *t.session,
+                            t.session->SpareStore(), t.prompts),
+            ReadOutcome::kLoaded);
+  t.session->CommitSounding();
+  const auto groups = ExpectValidAgs(RenderAgs(*t.session, Plain(AgsVersion::k411)).bytes, AgsVersion::k411);
+  const AgsGroup* general = Find(groups, "SCPG");
+  ASSERT_NE(general, nullptr);
+  EXPECT_EQ(general->At(0, "SCPG_CAR"), "0.800");
+  EXPECT_EQ(general->At(0, "SCPG_CSA"), "10");
+}
+
 TEST_F(AgsExportTest, ConversionsWorkedByHand) {
   test::CptFile file = test::SimpleCpt(1);
   ASSERT_EQ(test::OpenSounding(t, file), ReadOutcome::kLoaded);

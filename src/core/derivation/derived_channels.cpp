@@ -325,8 +325,7 @@ void Pipeline::FrictionRatio(int c, int tip, bool corrected) {
 // qt = qc + (1 - a) u, with a the cone's net area ratio.
 void Pipeline::CorrectedTip(int c) {
   const int tip = s_.TipChannel, u2 = s_.PorePressureChannel;
-  // A GEF file that states its cone's ratio is corrected with it; the setting stays as it is.
-  const double a = s_.GefNetAreaRatio.value_or(session_.general.NetAreaRatio);
+  const double a = NetAreaRatioUsed(session_, s_);
   SetFactors(c, s_.ChannelDefaultUnit[tip], kPressureGroup);
   for (int r = 1; r <= s_.ReadingCount; ++r) {
     for (int k = 0; k < kOutputKinds; ++k) {
@@ -488,6 +487,11 @@ void Pipeline::WetDensity(int c) {
 }
 
 }  // namespace
+
+// A GEF file that states its cone's ratio is corrected with it; the setting stays as it is.
+double NetAreaRatioUsed(const Session& session, const SoundingStore& store) {
+  return store.GefNetAreaRatio.value_or(session.general.NetAreaRatio);
+}
 
 Sbt1983Input ReadSbt1983Input(const SoundingStore& s, int r) {
   const bool psi_family = !IsKpaFamily(s.AcquisitionFamily);

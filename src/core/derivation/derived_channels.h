@@ -14,6 +14,10 @@ void ComputeDerivedChannels(Session& session, SoundingStore& store, int channel_
 // The same for the current sounding.
 void ComputeDerivedChannels(Session& session, int channel_count);
 
+// The cone's net area ratio that corrects the tip: a GEF file's own when it states one, else the
+// general setting.
+double NetAreaRatioUsed(const Session& session, const SoundingStore& store);
+
 // A reading as the 1983 chart takes it: the tip in bar (the corrected tip where the sounding has
 // one) and the friction ratio in percent that goes with that tip.
 struct Sbt1983Input {

@@ -11,6 +11,7 @@
 #include "core/common/number_format.h"
 #include "core/common/number_read.h"
 #include "core/common/text_rules.h"
+#include "core/derivation/derived_channels.h"
 #include "core/session/seismic_store.h"
 #include "core/session/session.h"
 
@@ -369,7 +370,7 @@ class AgsBuilder {
     if (edition42_ && area.kind == Cell::kNumber) area.number *= 100;
     general.Set(prefix + "_CSA", area);
     general.Set(prefix + "_WAT", s_.WaterTableDepth == -99 ? Empty() : Number(DecimalValue(s_.WaterTableDepth)));
-    general.Set(prefix + "_CAR", Number(DecimalValue(session_.general.NetAreaRatio)));
+    general.Set(prefix + "_CAR", Number(DecimalValue(static_cast<float>(NetAreaRatioUsed(session_, s_)))));
     writer_.Write(general);
   }
 
