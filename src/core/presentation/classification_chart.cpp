@@ -85,6 +85,9 @@ class ChartDrawing {
   void Boundaries();
   void ZoneNumbers();
   void Readings();
+  // Every reading from the scroll position down, place_of(row) giving its place on the chart.
+  template <typename PlaceOf>
+  void DrawReadings(PlaceOf place_of);
   void Readout(double y);
 
   DrawingSurface& g_;
@@ -187,19 +190,7 @@ void ChartDrawing::Polyline(const ChartPolyline& points, Colour colour) {
 }
 
 void ChartDrawing::NormalisedReadings() {
-  const int count = session_.Sounding().ReadingCount;
-  const double half = std::min(width_in_, height_in_) / 400;
-  for (int r = std::max(view_.first_row, 1) + 1; r <= count; ++r) {
-    const NormalisedChartPoint point = NormalisedChartPointOf(session_, r, view_.depth_unit);
-    if (!point.place || !Inside(*point.place)) continue;
-    const double x = X(point.place->x), y = Y(point.place->y);
-    g_.Box(x - half, y - half, x + half, y + half, kReadingColour, true);
-  }
-  if (view_.first_row < 1 || view_.first_row > count) return;
-  const NormalisedChartPoint current = NormalisedChartPointOf(session_, view_.first_row, view_.depth_unit);
-  if (!current.place || !Inside(*current.place)) return;
-  const double x = X(current.place->x), y = Y(current.place->y);
-  g_.Box(x - half * 2, y - half * 2, x + half * 2, y + half * 2, kCurrentColour, true);
+  DrawReadings([this](int r) { return NormalisedChartPointOf(session_, r, view_.depth_unit).place; });
 }
 
 void ChartDrawing::NormalisedReadout(double y) {
@@ -271,20 +262,24 @@ void ChartDrawing::ZoneNumbers() {
 }
 
 void ChartDrawing::Readings() {
+  DrawReadings([this](int r) { return ChartPointOf(session_, r, view_.depth_unit).place; });
+}
+
+template <typename PlaceOf>
+void ChartDrawing::DrawReadings(PlaceOf place_of) {
   const int count = session_.Sounding().ReadingCount;
   const double half = std::min(width_in_, height_in_) / 400;
   for (int r = std::max(view_.first_row, 1); r <= count; ++r) {
-    const ChartPoint point = ChartPointOf(session_, r, view_.depth_unit);
-    if (!point.place || !Inside(*point.place)) continue;
-    const double x = X(point.place->x), y = Y(point.place->y);
     // The reading at the scroll position stands out, drawn larger and last of all.
     if (r == view_.first_row) continue;
-    g_.Box(x - half, y - half, x + half, y + half, kReadingColour, true);
+    const std::optional<ChartPlace> place = place_of(r);
+    if (!place || !Inside(*place)) continue;
+    g_.Box(X(place->x) - half, Y(place->y) - half, X(place->x) + half, Y(place->y) + half, kReadingColour, true);
   }
   if (view_.first_row < 1 || view_.first_row > count) return;
-  const ChartPoint current = ChartPointOf(session_, view_.first_row, view_.depth_unit);
-  if (!current.place || !Inside(*current.place)) return;
-  const double x = X(current.place->x), y = Y(current.place->y);
+  const std::optional<ChartPlace> current = place_of(view_.first_row);
+  if (!current || !Inside(*current)) return;
+  const double x = X(current->x), y = Y(current->y);
   g_.Box(x - half * 2, y - half * 2, x + half * 2, y + half * 2, kCurrentColour, true);
 }
 
