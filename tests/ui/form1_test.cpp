@@ -15,6 +15,7 @@
 #include "core/common/file_access.h"
 #include "ui/common/qt_prompts.h"
 #include "ui/presentation/form4.h"
+#include "ui/presentation/sounding_data_window.h"
 #include "support/qt_test_support.h"
 #include "support/test_support.h"
 
@@ -152,6 +153,26 @@ class Form1Test : public QObject {
     QTest::mouseClick(Control<QPushButton>("cmdPlotSounding"), Qt::LeftButton);
     QCOMPARE(Log(), QStringList{"! A maximum of 6 channels can be graphed at a time."});
     QCOMPARE(Control<QListWidget>("lstSelectedChannels")->count(), 7);
+  }
+
+  // A GEF sounding is read only: no edit button and no save in its plot and list; a GEF
+  // dissipation report chosen here is refused and the options come back.
+  void opensAGefSoundingReadOnlyAndRefusesItsDissipation() {
+    const std::string samples = marlview::test::SamplesDirectory();
+    Open(samples + "/DIS-G01.gef");
+    QVERIFY(Log().contains("! DIS-G01.gef is a dissipation file"));
+    QVERIFY(OnOptions() && !t_->session->SoundingOpen);
+    Open(samples + "/CPT-G01.gef");
+    QVERIFY(t_->session->SoundingOpen);
+    QCOMPARE(t_->session->Sounding().AcquisitionFamily, marlview::kGefFamily);
+    QVERIFY(!Control<QPushButton>("cmdEditSounding")->isVisible());
+    ClickRow(0);
+    QTest::mouseClick(Control<QPushButton>("cmdPlotSounding"), Qt::LeftButton);
+    QVERIFY(form_->PlotWindow() != nullptr && !form_->PlotWindow()->mnuSaveAs->isVisible());
+    QTest::mouseClick(Control<QPushButton>("cmdListSounding"), Qt::LeftButton);
+    QVERIFY(form_->ListWindow() != nullptr);
+    QVERIFY(!form_->ListWindow()->mnuSaveAs->isVisible());
+    QVERIFY(!form_->ListWindow()->mnuExportLogDATCompatibleDATFile->isVisible());
   }
 
   void doneAndCancelReturnToTheOptions() {
