@@ -50,7 +50,7 @@ namespace marlview {
 namespace {
 
 constexpr const char* kSoundingFilter =
-    "PX DAS (*.CPT)|*.CPT|QRD FIELDBOX (*.DAT)|*.DAT|ALL SYSTEMS (*.CPT;*.DAT)|*.CPT;*.DAT";
+    "PX DAS (*.CPT)|*.CPT|QRD FIELDBOX (*.DAT)|*.DAT|ALL SYSTEMS (*.CPT;*.DAT)|*.CPT;*.DAT|GEF (*.GEF)|*.GEF";
 
 // Channel names are kept in the files' Latin-1; paths go to the file system as they are.
 std::string Latin1Of(const QString& text) { return text.toLatin1().toStdString(); }
@@ -119,7 +119,7 @@ void FrmLoadMultipleSoundings::ShowFolder(const QString& folder) {
   Dir1->setCurrentIndex(index);
   Dir1->scrollTo(index);
   File1->clear();
-  const QStringList names = QDir(folder).entryList({"*.cpt", "*.dat", "*.CPT", "*.DAT"}, QDir::Files, QDir::Name);
+  const QStringList names = QDir(folder).entryList({"*.cpt", "*.dat", "*.gef", "*.CPT", "*.DAT", "*.GEF"}, QDir::Files, QDir::Name);
   QStringList seen;
   for (const QString& name : names) {
     if (seen.contains(name)) continue;
