@@ -6,13 +6,14 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
-#include <QProgressBar>
-#include <filesystem>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QtTest>
+#include <filesystem>
 
 #include "core/common/file_access.h"
 #include "support/qt_test_support.h"
@@ -107,7 +108,10 @@ class PluralSoundingsTest : public QObject, marlview::test::MainWindowTest {
     combined->mnuGridOn->trigger();
     QCOMPARE(QString::fromStdString(combined->Layout().depth_label), QString("Depth (m)"));
 
-    // The data window moves the second test a step down and back up.
+    // The data window moves the second test a step down and back up; an open list follows.
+    QTest::mouseClick(window->cmdListSounding, Qt::LeftButton);
+    QVERIFY(window->ListWindow() != nullptr && window->ListWindow()->isVisible());
+    const QString list_before = window->ListWindow()->Picture1->toPlainText();
     combined->mnuDisplayDataScreen->trigger();
     FrmCombinedPlotsData* data = combined->DataWindow();
     QVERIFY(data != nullptr && data->isVisible());
@@ -116,9 +120,12 @@ class PluralSoundingsTest : public QObject, marlview::test::MainWindowTest {
     const double deepest = combined->Layout().legend[1].max_depth;
     QTest::mouseClick(data->cmdDown, Qt::LeftButton);
     QCOMPARE(data->lblDepthOffset->text(), QString("0.05"));
+    QVERIFY(window->ListWindow()->Picture1->toPlainText() != list_before);
     QVERIFY(qAbs(combined->Layout().legend[1].max_depth - deepest - 0.05) < 1e-4);
     QTest::mouseClick(data->cmdUp, Qt::LeftButton);
     QCOMPARE(data->lblDepthOffset->text(), QString("0.00"));
+    QCOMPARE(window->ListWindow()->Picture1->toPlainText(), list_before);
+    window->ListWindow()->close();
 
     window->optSideBySideSelection->click();
     marlview::test::ClickRow(window->lstAvailableChannels, 0);

@@ -339,7 +339,12 @@ void FrmSetPlot::ToggleDataWindow() {
   if (data_window_ != nullptr && data_window_->isVisible()) {
     data_window_->close();
   } else {
-    data_window_ = std::make_unique<FrmCombinedPlotsData>(session_, prompts_, layout_, [this] { Relayout(); }, this);
+    data_window_ = std::make_unique<FrmCombinedPlotsData>(session_, prompts_, layout_,
+                                                   [this] {
+                                                     Relayout();
+                                                     if (depths_shifted) depths_shifted();
+                                                   },
+                                                   this);
     data_window_->setWindowFlag(Qt::Tool);
     // Hidden from its own menu, the plot's menu offers to show it again.
     connect(data_window_->mnuHideDataScreen, &QAction::triggered, this, [this] { UpdateChecks(); });
@@ -852,6 +857,9 @@ void FrmPluralSoundings::PlotSounding() {
   }
   if (!CheckSetPlot(session_, View(), selected_, prompts_)) return;
   plot_window_ = std::make_unique<FrmSetPlot>(session_, prompts_, LayoutSetPlot(session_, View(), selected_), this);
+  plot_window_->depths_shifted = [this] {
+    if (list_window_ != nullptr && list_window_->isVisible()) list_window_->Refill();
+  };
   plot_window_->setWindowFlag(Qt::Window);
   plot_window_->show();
 }

@@ -107,6 +107,8 @@ class FrmSetPlot : public QMainWindow {
   FrmCombinedPlotsData* DataWindow() const { return data_window_.get(); }
   // The layout made again from the set, for a change of depth unit, axis or a test's depths.
   void Relayout();
+  // Runs once the data window has moved a test's depths, so an open list follows.
+  std::function<void()> depths_shifted;
 
   PlotPicture* picPlot;
   QLabel* lblDepth;
@@ -145,6 +147,8 @@ class FrmCombinedSoundingData : public QMainWindow {
   std::function<void()> put_back_current_test;
   // Runs once the list's commands have changed the tests, so the plot follows.
   std::function<void()> tests_changed;
+  // The list shown again from the set, after a change to its tests.
+  void Refill();
 
   QPlainTextEdit* Picture1;
   QAction* mnuSavetxtIncludeHeader;
@@ -161,8 +165,6 @@ class FrmCombinedSoundingData : public QMainWindow {
 
  private:
   void Print(bool cover_sheets);
-  // The list shown again from the set, after a change to its tests.
-  void Refill();
   // Runs a single-sounding dialog on each ticked test in turn, each made current while it shows.
   void OnEachTest(const char* source, const std::function<void()>& dialog);
   Session& session_;
