@@ -1,5 +1,6 @@
 // The set's adjustments: a test moved in depth, the plot colours kept with the print settings, the
-// folder of the last load, the push speed of a combined view and batch files named one by one.
+// folder of the last load, the push speed of a combined view, batch files named one by one and a
+// setting that changes the derived channels of every test.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -147,6 +148,18 @@ TEST_F(SetAdjustmentsTest, PushSpeedIsLeftOutInACombinedViewAndBackForTheBatch) 
   SetSelectionMode(session(), 0);
   EXPECT_FLOAT_EQ(p.AlignedReadings(3, speed), 1.9f);
   EXPECT_FALSE(session().CombinedModeActive);
+}
+
+TEST_F(SetAdjustmentsTest, TheNormalisedClassificationReachesEveryTestOfTheSet) {
+  ASSERT_EQ(LoadSetFiles(session(), t_.prompts, {Write("A.DAT", SimpleDat(5).Bytes()), Write("P.CPT", SimpleCpt(5).Bytes())}),
+            SetLoadOutcome::kLoaded);
+  const auto has_ic = [this](int slot) { return ChannelNamed(SetStore(session(), slot), "Ic") != 0; };
+  session().NormalisedClassification = 1;
+  DeriveSetAgain(session());
+  EXPECT_TRUE(has_ic(1) && has_ic(2));
+  session().NormalisedClassification = 0;
+  DeriveSetAgain(session());
+  EXPECT_FALSE(has_ic(1) || has_ic(2));
 }
 
 TEST_F(SetAdjustmentsTest, WithoutAutomaticNamesEachBatchFileIsNamedInTheSaveDialog) {

@@ -151,6 +151,13 @@ void DeriveSpeedsLeftEmpty(Session& session) {
   }
 }
 
+void DeriveSetAgain(Session& session) {
+  for (size_t t = 0; t < session.set.tests.size(); ++t) {
+    SoundingStore& s = SetStore(session, static_cast<int>(t) + 1);
+    ComputeDerivedChannels(session, s, s.ChannelCount);
+  }
+}
+
 void ShiftTestDepth(Session& session, int slot, int steps) {
   if (slot < 1 || slot > static_cast<int>(session.set.tests.size())) Fail(kErrSubscript, "cmdUp_Click");
   const float interval = session.set.CommonDepthInterval;

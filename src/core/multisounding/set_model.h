@@ -83,6 +83,9 @@ void EndSelectionMode(Session& session);
 // Derives again, with the single-sounding rules, every test whose push speed a combined view left
 // empty; the batch export runs on tests as they would be opened alone.
 void DeriveSpeedsLeftEmpty(Session& session);
+// Derives every test of the set again under the session's settings now, after a setting that
+// changes which channels are derived (the normalised classification).
+void DeriveSetAgain(Session& session);
 
 // cmdUp (steps -1) and cmdDown (steps +1): every depth of a slot's test moves by the common depth
 // interval, shallower or deeper, and its offset with it.

@@ -9,6 +9,7 @@
 #include "core/common/text_rules.h"
 #include "core/derivation/artefacts.h"
 #include "core/derivation/derived_channels.h"
+#include "core/multisounding/set_model.h"
 #include "core/io/cpt_reader.h"
 #include "core/io/dat_reader.h"
 #include "core/io/gef_reader.h"
@@ -402,6 +403,7 @@ void ShellController::SetNormalisedClassification(bool on) {
     WriteFileAtomically(session_.SettingsPath(kNormalisedClassificationFile), NumberLine(on ? 1 : 0));
     session_.NormalisedClassification = on ? 1 : 0;
     if (session_.SoundingOpen) ComputeDerivedChannels(session_, session_.Sounding().ChannelCount);
+    DeriveSetAgain(session_);
   });
   // The six channels come or go at the end of the list; a chosen one that went leaves the selection.
   SoundingEdited();
