@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <map>
-#include <regex>
 #include <set>
 
 #include "core/dissipation/export_consolidation.h"
@@ -116,28 +115,37 @@ const AgsGroup* Find(const std::vector<AgsGroup>& groups, const std::string& nam
   return nullptr;
 }
 
-// The text a value of the type must have; each pattern is compiled once.
-const std::regex& PatternOfType(const std::string& type, const std::string& unit) {
-  static std::map<std::string, std::regex> compiled;
-  const std::string key = type + "|" + unit;
-  auto found = compiled.find(key);
-  if (found != compiled.end()) return found->second;
-  const int decimals = AgsDecimals(type);
-  std::string pattern = ".*";
-  if (IsAgsScientific(type)) {
-    pattern = "-?\\d\\.\\d{" + std::to_string(decimals) + "}E[+-]\\d{2,3}";
-  } else if (decimals == 0) {
-    pattern = "-?\\d+";
-  } else if (decimals > 0) {
-    pattern = "-?\\d+\\.\\d{" + std::to_string(decimals) + "}";
-  } else if (type == "DT" && unit == "yyyy-mm-dd") {
-    pattern = "\\d{4}-\\d{2}-\\d{2}";
-  }
-  return compiled.emplace(key, std::regex(pattern)).first->second;
-}
-
+// Whether a value has the text its type asks for: "2DP" -?d+.dd, "0DP" -?d+, "2SCI" -?d.ddE+xx,
+// a date yyyy-mm-dd; other types take any text.
 bool MatchesType(const std::string& value, const std::string& type, const std::string& unit) {
-  return std::regex_match(value, PatternOfType(type, unit));
+  size_t i = 0;
+  const auto eat = [&](char c) { return i < value.size() && value[i] == c ? (++i, true) : false; };
+  const auto digits = [&](size_t at_least, size_t at_most) {
+    size_t n = 0;
+    while (i < value.size() && n < at_most && value[i] >= '0' && value[i] <= '9') {
+      ++i;
+      ++n;
+    }
+    return n >= at_least;
+  };
+  const size_t decimals = static_cast<size_t>(std::max(AgsDecimals(type), 0));
+  const size_t any = value.size();
+  bool ok = true;
+  if (IsAgsScientific(type)) {
+    eat('-');
+    ok = digits(1, 1) && eat('.') && digits(decimals, decimals) && eat('E') && (eat('+') || eat('-')) && digits(2, 3);
+  } else if (AgsDecimals(type) == 0) {
+    eat('-');
+    ok = digits(1, any);
+  } else if (AgsDecimals(type) > 0) {
+    eat('-');
+    ok = digits(1, any) && eat('.') && digits(decimals, decimals);
+  } else if (type == "DT" && unit == "yyyy-mm-dd") {
+    ok = digits(4, 4) && eat('-') && digits(2, 2) && eat('-') && digits(2, 2);
+  } else {
+    return true;
+  }
+  return ok && i == value.size();
 }
 
 // The rules of the format against the edition's dictionary.
