@@ -335,7 +335,9 @@ TEST_F(AgsExportTest, ReadingsSharingATwoDecimalDepthAreLeftOutOfScptOnly) {
   EXPECT_EQ(Find(ExpectValidAgs(old.bytes, AgsVersion::k404), "SCPT")->rows.size(), 2u);
   const AgsRendering newer = RenderAgs(*t.session, Plain(AgsVersion::k42));
   EXPECT_TRUE(newer.notes.empty());
-  const AgsGroup* cptt = Find(ExpectValidAgs(newer.bytes, AgsVersion::k42), "CPTT");
+  const auto groups = ExpectValidAgs(newer.bytes, AgsVersion::k42);
+  const AgsGroup* cptt = Find(groups, "CPTT");
+  ASSERT_NE(cptt, nullptr);
   ASSERT_EQ(cptt->rows.size(), 4u);
   EXPECT_EQ(cptt->At(3, "CPTT_REDN"), "4");
 }
