@@ -103,10 +103,7 @@ Options Parse(const std::vector<std::string>& args) {
   Options o;
   for (size_t i = 0; i < args.size(); ++i) {
     const std::string& a = args[i];
-    auto value = [&]() -> const std::string& {
-      if (i + 1 >= args.size()) throw UsageError(a + " needs a value");
-      return args[++i];
-    };
+    auto value = [&]() -> const std::string& { return OptionValue(args, i); };
     if (ParseGlobalOption(a, value, o)) continue;
     if (a == "--kind") o.kind = ToInt(value(), 0, kOutputKinds - 1, a);
     else if (a == "--mirror") o.mirror = ToInt(value(), 0, kFixedPressureTables - 1, a);

@@ -55,10 +55,7 @@ EditOptions Parse(const std::vector<std::string>& args) {
   bool command_seen = false;
   for (size_t i = 0; i < args.size(); ++i) {
     const std::string& a = args[i];
-    auto value = [&]() -> const std::string& {
-      if (i + 1 >= args.size()) throw UsageError(a + " needs a value");
-      return args[++i];
-    };
+    auto value = [&]() -> const std::string& { return OptionValue(args, i); };
     if (ParseGlobalOption(a, value, o)) continue;
     if (TakesValue(a)) {
       o.operations.push_back({a, value()});

@@ -19,6 +19,11 @@ const char* const kValueOptions[] = {"--data-dir", "--water-table", "--start-dep
 
 }  // namespace
 
+const std::string& OptionValue(const std::vector<std::string>& args, size_t& i) {
+  if (i + 1 >= args.size()) throw UsageError(args[i] + " needs a value");
+  return args[++i];
+}
+
 bool ParseGlobalOption(const std::string& a, const std::function<const std::string&()>& value,
                        GlobalOptions& o) {
   if (a == "--data-dir") {

@@ -38,6 +38,9 @@ struct GlobalOptions {
 // The settings a global option overrides for the run, once start-up has read the files.
 void ApplyGlobalSettings(Session& session, const GlobalOptions& options);
 
+// The word after the option args[i], i moved onto it; bad usage when the option ends the line.
+const std::string& OptionValue(const std::vector<std::string>& args, size_t& i);
+
 // Takes a global option, reading its value through value; false when a is none of them.
 bool ParseGlobalOption(const std::string& a, const std::function<const std::string&()>& value,
                        GlobalOptions& options);

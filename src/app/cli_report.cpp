@@ -44,10 +44,7 @@ ReportOptions ParseReport(const std::vector<std::string>& args) {
   bool command_seen = false;
   for (size_t i = 0; i < args.size(); ++i) {
     const std::string& a = args[i];
-    auto value = [&]() -> const std::string& {
-      if (i + 1 >= args.size()) throw UsageError(a + " needs a value");
-      return args[++i];
-    };
+    auto value = [&]() -> const std::string& { return OptionValue(args, i); };
     if (ParseGlobalOption(a, value, o)) continue;
     if (a == "-o") o.out = value();
     else if (a == "--pages") o.pages = value();
@@ -84,10 +81,7 @@ ChartOptions ParseChart(const std::vector<std::string>& args) {
   bool command_seen = false;
   for (size_t i = 0; i < args.size(); ++i) {
     const std::string& a = args[i];
-    auto value = [&]() -> const std::string& {
-      if (i + 1 >= args.size()) throw UsageError(a + " needs a value");
-      return args[++i];
-    };
+    auto value = [&]() -> const std::string& { return OptionValue(args, i); };
     if (ParseGlobalOption(a, value, o)) continue;
     if (a == "-o") o.out = value();
     else if (a == "--width") o.width = PictureSide(value(), a);

@@ -118,10 +118,7 @@ SeismicOptions Parse(const std::vector<std::string>& args) {
   bool output_given = false;
   for (size_t i = 0; i < args.size(); ++i) {
     const std::string& a = args[i];
-    auto value = [&]() -> const std::string& {
-      if (i + 1 >= args.size()) throw UsageError(a + " needs a value");
-      return args[++i];
-    };
+    auto value = [&]() -> const std::string& { return OptionValue(args, i); };
     if (ParseGlobalOption(a, value, o)) continue;
     if (a == "--delay-warning") {
       const std::string& answer = value();

@@ -96,10 +96,7 @@ SetOptions Parse(const std::vector<std::string>& args) {
   bool command_seen = false;
   for (size_t i = 0; i < args.size(); ++i) {
     const std::string& a = args[i];
-    auto value = [&]() -> const std::string& {
-      if (i + 1 >= args.size()) throw UsageError(a + " needs a value");
-      return args[++i];
-    };
+    auto value = [&]() -> const std::string& { return OptionValue(args, i); };
     if (ParseGlobalOption(a, value, o)) continue;
     if (a == "--test") o.tests.push_back(WholeNumber(value(), 1, 1000, a));
     else if (a == "--channel") o.channels.push_back(value());

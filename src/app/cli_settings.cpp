@@ -288,10 +288,7 @@ Command ParseCommand(const std::vector<std::string>& args, bool template_options
   Command c;
   for (size_t i = 0; i < args.size(); ++i) {
     const std::string& a = args[i];
-    auto value = [&]() -> const std::string& {
-      if (i + 1 >= args.size()) throw UsageError(a + " needs a value");
-      return args[++i];
-    };
+    auto value = [&]() -> const std::string& { return OptionValue(args, i); };
     if (ParseGlobalOption(a, value, c.globals)) continue;
     if (template_options && a == "--channel") c.channels.push_back(value());
     else if (template_options && a == "--default") c.set_default = true;

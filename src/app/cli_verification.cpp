@@ -39,10 +39,7 @@ VerificationOptions Parse(const std::vector<std::string>& args) {
   int outputs = 0;
   for (size_t i = 0; i < args.size(); ++i) {
     const std::string& a = args[i];
-    auto value = [&]() -> const std::string& {
-      if (i + 1 >= args.size()) throw UsageError(a + " needs a value");
-      return args[++i];
-    };
+    auto value = [&]() -> const std::string& { return OptionValue(args, i); };
     if (ParseGlobalOption(a, value, o)) continue;
     if (a == "--table" || a == "--chart" || a == "--report") {
       o.output = a == "--table" ? Output::kTable : a == "--chart" ? Output::kChart : Output::kReport;
